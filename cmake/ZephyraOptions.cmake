@@ -1,0 +1,22 @@
+# Compile options shared by every target of the project.
+
+# Float expressions must evaluate exactly in the order the code states them: the audio
+# path is compared bit for bit with a plain evaluation of its formulas.
+add_compile_options(-Wall -Wextra -ffp-contract=off -fno-fast-math)
+
+if(ZEPHYRA_SANITIZE STREQUAL "address")
+    add_compile_options(-fsanitize=address,undefined -fno-omit-frame-pointer)
+    add_link_options(-fsanitize=address,undefined)
+elseif(ZEPHYRA_SANITIZE STREQUAL "thread")
+    add_compile_options(-fsanitize=thread -fno-omit-frame-pointer)
+    add_link_options(-fsanitize=thread)
+elseif(NOT ZEPHYRA_SANITIZE STREQUAL "")
+    message(FATAL_ERROR "ZEPHYRA_SANITIZE must be address, thread or empty")
+endif()
+
+# zephyra_library(NAME SOURCES...): one static library per subsystem, whose folder is its
+# public include directory.
+function(zephyra_library name)
+    add_library(${name} STATIC ${ARGN})
+    target_include_directories(${name} PUBLIC ${CMAKE_CURRENT_SOURCE_DIR})
+endfunction()
