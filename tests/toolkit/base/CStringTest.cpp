@@ -1,0 +1,124 @@
+#include "CString.h"
+
+#include <gtest/gtest.h>
+
+#include <cstring>
+
+TEST(CString, FormatProducesPrintfText) {
+    CString text;
+    text.Format("%d|%.1f|%s|%05d", -12, 2.25, "dB", 42);
+    EXPECT_STREQ(text, "-12|2.2|dB|00042");
+    EXPECT_EQ(text.GetLength(), 16);
+}
+
+TEST(CString, FormatMayReadItsOwnOldText) {
+    CString text("Gain");
+    text.Format("%s %s", text.GetString(), text.GetString());
+    EXPECT_EQ(text, "Gain Gain");
+}
+
+TEST(CString, FormatOfLongTextIsNotTruncated) {
+    CString text;
+    text.Format("%0500d", 7);
+    EXPECT_EQ(text.GetLength(), 500);
+    EXPECT_EQ(text.Right(2), "07");
+}
+
+TEST(CString, AppendFormatAddsToTheEnd) {
+    CString text("Q=");
+    text.AppendFormat("%.2f", 0.5);
+    EXPECT_EQ(text, "Q=0.50");
+}
+
+TEST(CString, NullTextBecomesEmpty) {
+    const CString fromNull(static_cast<const char*>(nullptr));
+    EXPECT_TRUE(fromNull.IsEmpty());
+    EXPECT_STREQ(fromNull, "");
+    CString appended("a");
+    appended += static_cast<const char*>(nullptr);
+    EXPECT_EQ(appended, "a");
+}
+
+TEST(CString, LengthLimitedConstructionStopsAtNul) {
+    EXPECT_EQ(CString("abcdef", 3), "abc");
+    EXPECT_EQ(CString("ab\0cd", 5), "ab");
+    EXPECT_EQ(CString('-', 3), "---");
+}
+
+TEST(CString, ConcatenationAndComparison) {
+    CString text("LOW");
+    text += ' ';
+    text += CString("PEAK");
+    EXPECT_EQ(text + "!", "LOW PEAK!");
+    EXPECT_EQ("[" + text, "[LOW PEAK");
+    EXPECT_TRUE(text != "LOW");
+    EXPECT_TRUE(CString("a") < CString("b"));
+    EXPECT_EQ(CString("hi").CompareNoCase("HI"), 0);
+    EXPECT_LT(CString("Hi").Compare("hi"), 0);
+}
+
+TEST(CString, BufferRoundTripSettlesLengthAtFirstNul) {
+    CString text;
+    char* buffer = text.GetBuffer(32);
+    std::strcpy(buffer, "Program 12");
+    text.ReleaseBuffer();
+    EXPECT_EQ(text, "Program 12");
+    EXPECT_EQ(text.GetLength(), 10);
+
+    std::strcpy(text.GetBuffer(0), "Prog");
+    text.ReleaseBuffer(3);
+    EXPECT_EQ(text, "Pro");
+}
+
+TEST(CString, ReleaseBufferCannotGrowPastTheBuffer) {
+    CString text("ab");
+    text.GetBuffer(0);
+    text.ReleaseBuffer(1000);
+    EXPECT_EQ(text.GetLength(), 2);
+}
+
+TEST(CString, IndexOutsideTheTextReadsNulAndWritesNothing) {
+    CString text("abc");
+    EXPECT_EQ(text[1], 'b');
+    EXPECT_EQ(text.GetAt(3), '\0');
+    EXPECT_EQ(text.GetAt(-1), '\0');
+    text.SetAt(5, 'x');
+    text.SetAt(0, 'A');
+    EXPECT_EQ(text, "Abc");
+}
+
+TEST(CString, SubstringsClampTheirRanges) {
+    const CString text("Zephyra");
+    EXPECT_EQ(text.Left(3), "Zep");
+    EXPECT_EQ(text.Left(99), "Zephyra");
+    EXPECT_EQ(text.Mid(4), "yra");
+    EXPECT_EQ(text.Mid(2, 2), "ph");
+    EXPECT_EQ(text.Mid(-3, 2), "Ze");
+    EXPECT_EQ(text.Mid(20), "");
+    EXPECT_EQ(text.Right(3), "yra");
+    EXPECT_EQ(text.Right(-1), "");
+}
+
+TEST(CString, FindReportsPositionOrMinusOne) {
+    const CString text("a.b.c");
+    EXPECT_EQ(text.Find('.'), 1);
+    EXPECT_EQ(text.Find('.', 2), 3);
+    EXPECT_EQ(text.Find('x'), -1);
+    EXPECT_EQ(text.Find("b.c"), 2);
+    EXPECT_EQ(text.Find('.', 99), -1);
+}
+
+TEST(CString, CaseChangesLeaveUtf8BytesAlone) {
+    CString text("ab\xC3\xA9Z");
+    text.MakeUpper();
+    EXPECT_EQ(text, "AB\xC3\xA9Z");
+    text.MakeLower();
+    EXPECT_EQ(text, "ab\xC3\xA9z");
+}
+
+TEST(CString, TrimRemovesSurroundingWhiteSpace) {
+    CString text(" \t name \r\n");
+    EXPECT_EQ(text.Trim(), "name");
+    CString blank("   ");
+    EXPECT_TRUE(blank.Trim().IsEmpty());
+}

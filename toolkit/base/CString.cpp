@@ -1,0 +1,214 @@
+#include "CString.h"
+
+#include <algorithm>
+#include <cstdio>
+#include <cstring>
+#include <strings.h>
+
+namespace {
+
+int ClampCount(int count, int available) {
+    return std::max(0, std::min(count, available));
+}
+
+} // namespace
+
+CString::CString(const char* text, int length) {
+    if (text && length > 0)
+        m_text.assign(text, strnlen(text, static_cast<size_t>(length)));
+}
+
+CString::CString(char character, int count) {
+    if (count > 0)
+        m_text.assign(static_cast<size_t>(count), character);
+}
+
+char CString::GetAt(int index) const {
+    if (index < 0 || index >= GetLength())
+        return '\0';
+    return m_text[static_cast<size_t>(index)];
+}
+
+void CString::SetAt(int index, char character) {
+    if (index >= 0 && index < GetLength())
+        m_text[static_cast<size_t>(index)] = character;
+}
+
+char* CString::GetBuffer(int minLength) {
+    if (minLength > GetLength())
+        m_text.resize(static_cast<size_t>(minLength), '\0');
+    return m_text.data();
+}
+
+void CString::ReleaseBuffer(int newLength) {
+    const int capacity = GetLength();
+    if (newLength < 0)
+        newLength = static_cast<int>(strnlen(m_text.c_str(), static_cast<size_t>(capacity)));
+    m_text.resize(static_cast<size_t>(std::min(newLength, capacity)));
+}
+
+void CString::FormatV(const char* format, va_list arguments) {
+    if (!format) {
+        m_text.clear();
+        return;
+    }
+    va_list measuring;
+    va_copy(measuring, arguments);
+    const int length = std::vsnprintf(nullptr, 0, format, measuring);
+    va_end(measuring);
+    if (length < 0) {
+        m_text.clear();
+        return;
+    }
+    std::string formatted(static_cast<size_t>(length) + 1, '\0');
+    std::vsnprintf(formatted.data(), formatted.size(), format, arguments);
+    formatted.resize(static_cast<size_t>(length));
+    m_text.swap(formatted);
+}
+
+void CString::Format(const char* format, ...) {
+    va_list arguments;
+    va_start(arguments, format);
+    FormatV(format, arguments);
+    va_end(arguments);
+}
+
+void CString::AppendFormat(const char* format, ...) {
+    CString tail;
+    va_list arguments;
+    va_start(arguments, format);
+    tail.FormatV(format, arguments);
+    va_end(arguments);
+    m_text += tail.m_text;
+}
+
+CString& CString::operator=(const char* text) {
+    m_text = text ? text : "";
+    return *this;
+}
+
+CString& CString::operator+=(const CString& text) {
+    m_text += text.m_text;
+    return *this;
+}
+
+CString& CString::operator+=(const char* text) {
+    if (text)
+        m_text += text;
+    return *this;
+}
+
+CString& CString::operator+=(char character) {
+    m_text += character;
+    return *this;
+}
+
+int CString::Compare(const char* text) const {
+    return std::strcmp(m_text.c_str(), text ? text : "");
+}
+
+int CString::CompareNoCase(const char* text) const {
+    return strcasecmp(m_text.c_str(), text ? text : "");
+}
+
+int CString::Find(char character, int start) const {
+    if (start < 0 || start > GetLength())
+        return -1;
+    const size_t at = m_text.find(character, static_cast<size_t>(start));
+    return at == std::string::npos ? -1 : static_cast<int>(at);
+}
+
+int CString::Find(const char* text, int start) const {
+    if (!text || start < 0 || start > GetLength())
+        return -1;
+    const size_t at = m_text.find(text, static_cast<size_t>(start));
+    return at == std::string::npos ? -1 : static_cast<int>(at);
+}
+
+CString CString::Left(int count) const {
+    return CString(m_text.substr(0, static_cast<size_t>(ClampCount(count, GetLength()))));
+}
+
+CString CString::Mid(int first) const {
+    return Mid(first, GetLength());
+}
+
+CString CString::Mid(int first, int count) const {
+    const int start = ClampCount(first, GetLength());
+    return CString(m_text.substr(static_cast<size_t>(start),
+                                 static_cast<size_t>(ClampCount(count, GetLength() - start))));
+}
+
+CString CString::Right(int count) const {
+    const int taken = ClampCount(count, GetLength());
+    return CString(m_text.substr(static_cast<size_t>(GetLength() - taken)));
+}
+
+// Only ASCII letters change case, so the bytes of UTF-8 sequences (all above 0x7F) survive.
+CString& CString::MakeUpper() {
+    for (char& c : m_text)
+        if (c >= 'a' && c <= 'z')
+            c = static_cast<char>(c - 'a' + 'A');
+    return *this;
+}
+
+CString& CString::MakeLower() {
+    for (char& c : m_text)
+        if (c >= 'A' && c <= 'Z')
+            c = static_cast<char>(c - 'A' + 'a');
+    return *this;
+}
+
+CString& CString::Trim() {
+    const auto isSpace = [](char c) { return c == ' ' || c == '\t' || c == '\r' || c == '\n'; };
+    const auto first = std::find_if_not(m_text.begin(), m_text.end(), isSpace);
+    const auto last = std::find_if_not(m_text.rbegin(), m_text.rend(), isSpace).base();
+    m_text = first < last ? std::string(first, last) : std::string();
+    return *this;
+}
+
+CString operator+(const CString& a, const CString& b) {
+    CString result(a);
+    result += b;
+    return result;
+}
+
+CString operator+(const CString& a, const char* b) {
+    CString result(a);
+    result += b;
+    return result;
+}
+
+CString operator+(const char* a, const CString& b) {
+    CString result(a);
+    result += b;
+    return result;
+}
+
+CString operator+(const CString& a, char b) {
+    CString result(a);
+    result += b;
+    return result;
+}
+
+bool operator==(const CString& a, const CString& b) {
+    return a.Compare(b) == 0;
+}
+bool operator==(const CString& a, const char* b) {
+    return a.Compare(b) == 0;
+}
+bool operator==(const char* a, const CString& b) {
+    return b.Compare(a) == 0;
+}
+bool operator!=(const CString& a, const CString& b) {
+    return !(a == b);
+}
+bool operator!=(const CString& a, const char* b) {
+    return !(a == b);
+}
+bool operator!=(const char* a, const CString& b) {
+    return !(a == b);
+}
+bool operator<(const CString& a, const CString& b) {
+    return a.Compare(b) < 0;
+}

@@ -1,0 +1,68 @@
+// The toolkit's narrow string: bytes as the program stores them (UTF-8 or Shift-JIS text),
+// always NUL-terminated, with printf-style formatting.
+#pragma once
+
+#include <cstdarg>
+#include <string>
+
+class CString {
+public:
+    CString() = default;
+    CString(const char* text) : m_text(text ? text : "") {}
+    CString(const char* text, int length);
+    CString(char character, int count = 1);
+    CString(const std::string& text) : m_text(text) {}
+
+    int GetLength() const { return static_cast<int>(m_text.size()); }
+    bool IsEmpty() const { return m_text.empty(); }
+    void Empty() { m_text.clear(); }
+    const char* GetString() const { return m_text.c_str(); }
+    operator const char*() const { return m_text.c_str(); }
+    // Out-of-range indices read as the terminating NUL rather than past the text.
+    char GetAt(int index) const;
+    char operator[](int index) const { return GetAt(index); }
+    void SetAt(int index, char character);
+
+    // Writable storage for at least minLength characters plus the terminator; the text's
+    // length is settled by ReleaseBuffer (the first NUL when newLength is negative).
+    char* GetBuffer(int minLength = 0);
+    void ReleaseBuffer(int newLength = -1);
+
+    // Formatting into a temporary first makes it safe to pass the string itself as an argument.
+    void Format(const char* format, ...) __attribute__((format(printf, 2, 3)));
+    void FormatV(const char* format, va_list arguments);
+    void AppendFormat(const char* format, ...) __attribute__((format(printf, 2, 3)));
+
+    CString& operator=(const char* text);
+    CString& operator+=(const CString& text);
+    CString& operator+=(const char* text);
+    CString& operator+=(char character);
+
+    int Compare(const char* text) const;
+    int CompareNoCase(const char* text) const;
+    int Find(char character, int start = 0) const;
+    int Find(const char* text, int start = 0) const;
+    CString Left(int count) const;
+    CString Mid(int first) const;
+    CString Mid(int first, int count) const;
+    CString Right(int count) const;
+    CString& MakeUpper();
+    CString& MakeLower();
+    CString& Trim();
+
+private:
+    std::string m_text;
+};
+
+CString operator+(const CString& a, const CString& b);
+CString operator+(const CString& a, const char* b);
+CString operator+(const char* a, const CString& b);
+CString operator+(const CString& a, char b);
+
+bool operator==(const CString& a, const CString& b);
+bool operator==(const CString& a, const char* b);
+bool operator==(const char* a, const CString& b);
+bool operator!=(const CString& a, const CString& b);
+bool operator!=(const CString& a, const char* b);
+bool operator!=(const char* a, const CString& b);
+bool operator<(const CString& a, const CString& b);
