@@ -1,5 +1,6 @@
 # The plug-in module: one shared object that exports VSTPluginMain and nothing else.
-add_library(Zephyra MODULE ${PROJECT_SOURCE_DIR}/host/VSTPluginMain.cpp)
+add_library(Zephyra MODULE ${PROJECT_SOURCE_DIR}/host/VSTPluginMain.cpp
+    $<TARGET_OBJECTS:zephyra_effect_entry>)
 target_link_libraries(Zephyra PRIVATE zephyra_effect)
 set_target_properties(Zephyra PROPERTIES
     PREFIX ""

@@ -1,0 +1,129 @@
+// The default bank file: read at open into the current and factory banks, written back
+// when the user saves a program.
+#include "AZephyra.h"
+
+#include "AfxMessageBox.h"
+#include "CFileFind.h"
+#include "PlatformFolders.h"
+#include "StringTable.h"
+
+#include <cstdio>
+#include <cstring>
+#include <unistd.h>
+
+namespace {
+
+// Cuts a path after its last "/"; one that already ends in "/" or is one character long
+// is left whole.
+void cutAfterLastSlash(char* path) {
+    const size_t length = std::strlen(path);
+    if (length <= 1 || path[length - 1] == '/') {
+        return;
+    }
+    if (char* slash = std::strrchr(path, '/')) {
+        slash[1] = 0;
+    }
+}
+
+void copyBounded(char* destination, size_t capacity, const std::string& text) {
+    std::snprintf(destination, capacity, "%s", text.c_str());
+}
+
+} // namespace
+
+// The host's folder answer when it gives one (a folder as it is, a file path cut to its
+// folder), else the folder of this module.
+void AZephyra::findPluginFolder() {
+    const auto* hostAnswer = static_cast<const char*>(getDirectory());
+    std::string folder;
+    if (hostAnswer && hostAnswer[0] == '/' &&
+        strnlen(hostAnswer, sizeof(m_pluginFolder)) < sizeof(m_pluginFolder) - 1) {
+        folder = hostAnswer;
+        if (IsDirectory(folder) && folder.back() != '/') {
+            folder += '/';
+        }
+    } else {
+        folder = GetModuleFolder();
+    }
+    copyBounded(m_pluginFolder, sizeof(m_pluginFolder), folder);
+    cutAfterLastSlash(m_pluginFolder);
+}
+
+void AZephyra::open() {
+    setProgram(0);
+    m_initialBank = m_currentBank;
+
+    findPluginFolder();
+    std::string path = PathToFileURL(FileURLToPath(PreferencesFolderURL()) + kDefaultBankFileName);
+    if (!CFileFind().FindFile(path.c_str())) {
+        path = std::string(m_pluginFolder) + kDefaultBankFileName;
+    }
+
+    std::vector<char> chunk;
+    switch (ReadBankFile(path.c_str(), kZephyraUniqueId, chunk)) {
+    case BankFileStatus::kRead:
+        setChunk(chunk.data(), static_cast<int32_t>(chunk.size()), false);
+        break;
+    case BankFileStatus::kNotChunkBank:
+        break; // the banks stay, but the snapshot and the factory load still happen
+    default:
+        return;
+    }
+    m_initialBank = m_currentBank;
+    SetFactoryProgram();
+}
+
+void AZephyra::SetFactoryProgram() {
+    const std::string path = std::string(m_pluginFolder) + kDefaultBankFileName;
+    std::vector<char> chunk;
+    if (ReadBankFile(path.c_str(), kZephyraUniqueId, chunk) == BankFileStatus::kRead) {
+        std::memcpy(m_factoryBank.data(), chunk.data(), chunk.size());
+    }
+}
+
+void AZephyra::SaveProgram(int destination, CString name) {
+    if (destination < 0 || destination >= kNumPrograms) {
+        return;
+    }
+    const std::string path = FileURLToPath(PreferencesFolderURL()) + kDefaultBankFileName;
+    const int source = curProgram;
+
+    // The edits move to the destination, which no longer counts as changed; the source
+    // program returns to its initial state (both hold the saved values when they are one).
+    m_currentBank[destination] = m_currentBank[source];
+    SetProgramRecordName(m_currentBank[destination], name);
+    m_initialBank[destination] = m_currentBank[destination];
+    m_currentBank[source] = m_initialBank[source];
+
+    curProgram = destination;
+    setProgram(destination);
+    m_currentBank.StoreProgramNumber(curProgram);
+
+    if (!writeBankFile(path)) {
+        AfxMessageBox(LoadStringResource(kStringBankSaveFailed));
+    }
+    requestHostDisplayUpdate();
+}
+
+// Writes beside the old file and renames over it, so a failure at any point leaves the
+// previous bank intact.
+bool AZephyra::writeBankFile(const std::string& path) {
+    const size_t slash = path.rfind('/');
+    if (slash != std::string::npos) {
+        EnsureDirectory(path.substr(0, slash + 1));
+    }
+    const std::string temporary = path + ".saving-" + std::to_string(getpid());
+    CFile file;
+    if (!file.Open(temporary.c_str(), CFile::modeCreate | CFile::modeWrite | CFile::typeBinary)) {
+        return false;
+    }
+    const bool written = WriteBankFile(file, kZephyraUniqueId, m_currentBank.data(),
+                                       static_cast<uint32_t>(AZephyraProgram::kBytes)) &&
+                         file.Flush();
+    const bool closed = file.Close();
+    if (!written || !closed || std::rename(temporary.c_str(), path.c_str()) != 0) {
+        std::remove(temporary.c_str());
+        return false;
+    }
+    return true;
+}

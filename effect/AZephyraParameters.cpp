@@ -1,0 +1,216 @@
+// The three ways a value enters the effect (host, panel control, typed value) and what
+// the host reads back about parameters.
+#include "AZephyra.h"
+
+#include "CMultiEqualizer.h"
+
+#include <cmath>
+#include <cstdio>
+#include <cstring>
+#include <strings.h>
+
+namespace {
+
+bool isParameter(int index) {
+    return index >= 0 && index < kNumParams;
+}
+
+constexpr int kDisplayText = 64; // enough for "%.1f" of any float
+
+} // namespace
+
+void AZephyra::storeNormalised(int index, float value) {
+    m_fParam[index] = value;
+    if (curProgram >= 0 && curProgram < kNumPrograms) {
+        m_currentBank[curProgram].param[index] = value;
+    }
+}
+
+// Hands the engine the integer form of a normalised value.
+void AZephyra::pushToEngine(int index, float value) {
+    const auto engineValue = static_cast<int>(NormalizeValToDWValue(index, value));
+    const int band = index < kParamType2 ? 0 : 1;
+    switch (index) {
+    case kParamOnOff: {
+        const bool on = static_cast<int>(value) != 0; // only 1.0 switches on
+        m_engine->set_Activate(0, on);
+        m_engine->set_Activate(1, on);
+        break;
+    }
+    case kParamOutput:
+        m_engine->set_OutputLevel(engineValue);
+        break;
+    case kParamInput:
+        m_engine->set_InputLevel(engineValue);
+        break;
+    case kParamType1:
+    case kParamType2:
+        m_engine->set_Type(band, engineValue);
+        break;
+    case kParamGain1:
+    case kParamGain2:
+        m_engine->set_Gain(band, engineValue);
+        break;
+    case kParamFreq1:
+    case kParamFreq2:
+        m_engine->set_Freq(band, engineValue);
+        break;
+    case kParamQ1:
+    case kParamQ2:
+        m_engine->set_Q(band, engineValue);
+        break;
+    default:
+        break;
+    }
+}
+
+// The common core of setParameter and setParameterFormUI: the normalised value, its
+// display value and the program's copy are stored, and the engine follows.
+void AZephyra::applyValue(int index, float value) {
+    const int slot = DisplaySlotOf(index);
+    if (slot >= 0) {
+        m_fDispVal[slot] = NormalizeValToInternalVal(index, value);
+    }
+    if (index == kParamOnOff) {
+        // The one store made under the lock: the audio path reads it once per block.
+        CSingleLock lock(m_lock);
+        storeNormalised(index, value);
+    } else {
+        storeNormalised(index, value);
+    }
+    pushToEngine(index, value);
+}
+
+void AZephyra::setParameter(int32_t index, float value) {
+    if (ZephyraPanel* p = panel()) {
+        p->UpdateControl(index, value); // the controls follow host automation
+    }
+    if (!isParameter(index)) {
+        return;
+    }
+    applyValue(index, value);
+}
+
+void AZephyra::setParameterFormUI(int index, float value) {
+    if (isParameter(index)) {
+        applyValue(index, value);
+    }
+    if (audioMaster) {
+        callHost(audioMasterAutomate, index, 0, nullptr, value);
+    }
+}
+
+void AZephyra::setParameterFromDiaplay(int index, float displayValue) {
+    float value = displayValue;
+    const int slot = DisplaySlotOf(index);
+    if (slot >= 0) {
+        m_fDispVal[slot] = displayValue; // kept unclamped, as typed
+        if (index == kParamOutput || index == kParamInput) {
+            const ParamMinMax& row = AutomateParamMinMax_Tbl[index];
+            float factor = static_cast<float>(std::pow(2.0, displayValue / 6.0));
+            if (!(factor >= static_cast<float>(row.min))) {
+                factor = static_cast<float>(row.min);
+            }
+            if (factor > static_cast<float>(row.max)) {
+                factor = static_cast<float>(row.max);
+            }
+            value = ValToNormalizeValue(index, factor);
+        } else {
+            value = ValToNormalizeValue(index, displayValue);
+        }
+        storeNormalised(index, value);
+        pushToEngine(index, value);
+    }
+    if (ZephyraPanel* p = panel()) {
+        p->UpdateControl(index, value);
+    }
+    if (audioMaster) {
+        callHost(audioMasterAutomate, index, 0, nullptr, value);
+        // Kept: a lone end of edit, never preceded by a begin; hosts rely on it.
+        endEdit(index);
+    }
+}
+
+float AZephyra::getParameter(int32_t index) {
+    return isParameter(index) ? static_cast<float>(m_fParam[index]) : 0.0f;
+}
+
+float AZephyra::getParameterDisplayVal(int index) {
+    if (!isParameter(index)) {
+        return 0.0f;
+    }
+    if (index == kParamOnOff) {
+        return m_fParam[index];
+    }
+    const int slot = DisplaySlotOf(index);
+    if (slot < 0) {
+        return NormalizeValToInternalVal(index, m_fParam[index]);
+    }
+    const float display = m_fDispVal[slot];
+    return display >= 0.0f ? display + 0.05f : display - 0.05f;
+}
+
+void AZephyra::getParameterName(int32_t index, char* text) {
+    if (isParameter(index)) {
+        std::strcpy(text, kParamTexts[index].name);
+    }
+}
+
+void AZephyra::getParameterLabel(int32_t index, char* label) {
+    if (isParameter(index)) {
+        std::strcpy(label, kParamTexts[index].label);
+    }
+}
+
+void AZephyra::getParameterDisplay(int32_t index, char* text) {
+    if (!isParameter(index)) {
+        return;
+    }
+    if (index == kParamOnOff) {
+        std::strcpy(text, m_fParam[index] == 1.0f ? "ON" : "OFF");
+        return;
+    }
+    if (index == kParamType1 || index == kParamType2) {
+        const float type = NormalizeValToInternalVal(index, m_fParam[index]);
+        std::strcpy(text, type == 0.0f ? "LOW" : type == 1.0f ? "PEAK" : "Hi");
+        return;
+    }
+    // Values past what eight bytes can show are cut rather than overrunning the host's
+    // buffer.
+    char formatted[kDisplayText];
+    std::snprintf(formatted, sizeof(formatted), "%.1f",
+                  static_cast<double>(m_fDispVal[DisplaySlotOf(index)]));
+    // Kept: only the two levels correct "-0.0"; a gain of -0.04 dB still shows "-0.0".
+    if ((index == kParamOutput || index == kParamInput) && strcasecmp(formatted, "-0.0") == 0) {
+        std::strcpy(formatted, "0.0");
+    }
+    std::snprintf(text, 8, "%s", formatted);
+}
+
+bool AZephyra::getParameterProperties(int32_t index, VstParameterProperties* properties) {
+    std::memset(properties, 0, sizeof(*properties));
+    if (!isParameter(index)) {
+        return false;
+    }
+    const ParamMinMax& row = AutomateParamMinMax_Tbl[index];
+    getParameterLabel(index, properties->label);
+    properties->flags = kVstParameterUsesIntegerMinMax | kVstParameterUsesIntStep;
+    if (row.stepped) {
+        properties->flags |= kVstParameterIsSwitch;
+    }
+    properties->minInteger = static_cast<int32_t>(row.min);
+    properties->maxInteger = static_cast<int32_t>(row.max);
+    properties->stepInteger = 128;
+    properties->largeStepInteger = 256;
+    // The index goes in without the flag that would make hosts use it.
+    properties->displayIndex = static_cast<int16_t>(index);
+    return true;
+}
+
+void AZephyra::refreshDisplayValues() {
+    static const int continuous[] = {kParamGain1, kParamFreq1, kParamQ1,     kParamGain2,
+                                     kParamFreq2, kParamQ2,    kParamOutput, kParamInput};
+    for (const int index : continuous) {
+        m_fDispVal[DisplaySlotOf(index)] = NormalizeValToInternalVal(index, m_fParam[index]);
+    }
+}

@@ -1,0 +1,54 @@
+// A bank of the effect's 64 programs, each a fixed 72-byte record of the eleven
+// normalised parameter values and a name. The effect keeps three: the current bank, the
+// initial snapshot taken at open, and the factory bank read from the default bank file.
+// The memory image is exactly what hosts store as the chunk.
+#pragma once
+
+#include "ZephyraParameters.h"
+
+#include <cstddef>
+
+constexpr int kNumPrograms = 64;
+constexpr int kProgramNameField = 28;
+// Longest name handed out or taken in, terminator included: the hosts' limit, and it
+// keeps program 0's last four name bytes free for the bank chunk's current program.
+constexpr int kProgramNameLimit = 24;
+
+struct ZephyraProgramRecord {
+    float param[kNumParams];
+    char name[kProgramNameField];
+};
+static_assert(sizeof(ZephyraProgramRecord) == 72, "hosts store the record as 72 bytes");
+static_assert(offsetof(ZephyraProgramRecord, name) == 44);
+
+class AZephyraProgram {
+public:
+    AZephyraProgram();
+
+    ZephyraProgramRecord& operator[](int program) { return m_records[program]; }
+    const ZephyraProgramRecord& operator[](int program) const { return m_records[program]; }
+    void* data() { return m_records; }
+    const void* data() const { return m_records; }
+
+    static constexpr size_t kBytes = sizeof(ZephyraProgramRecord) * kNumPrograms;
+    // Where the bank chunk carries the current program number: the last four bytes of
+    // program 0's name field.
+    static constexpr size_t kCurrentProgramOffset = 68;
+
+    int GetStoredProgramNumber() const;
+    void StoreProgramNumber(int program);
+
+private:
+    ZephyraProgramRecord m_records[kNumPrograms];
+};
+static_assert(AZephyraProgram::kBytes == 4608);
+
+// Copies a name into a record's field, cut to the name limit and always terminated.
+void SetProgramRecordName(ZephyraProgramRecord& record, const char* name);
+// Copies a record's name out: at most kProgramNameLimit bytes, terminator included.
+void GetProgramRecordName(const ZephyraProgramRecord& record, char* text);
+
+// The user's preferences folder as a file URL ending in "/", refreshed by every bank's
+// construction; it keeps its previous content when the folder cannot be found.
+const char* PreferencesFolderURL();
+void GetMy_SHFOLDER_PathName();

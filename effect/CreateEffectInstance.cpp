@@ -1,0 +1,5 @@
+#include "AZephyra.h"
+
+AudioEffect* createEffectInstance(audioMasterCallback audioMaster) {
+    return new AZephyra(audioMaster);
+}

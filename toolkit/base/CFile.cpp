@@ -1,0 +1,109 @@
+#include "CFile.h"
+
+#include "PlatformFolders.h"
+
+#include <cerrno>
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+CFile::~CFile() {
+    Close();
+}
+
+bool CFile::Open(const char* pathOrURL, unsigned flags) {
+    Close();
+    int access = O_RDONLY;
+    if (flags & modeReadWrite) {
+        access = O_RDWR;
+    } else if (flags & modeWrite) {
+        access = O_WRONLY;
+    }
+    if (flags & modeCreate) {
+        access |= O_CREAT;
+        if (!(flags & modeNoTruncate)) {
+            access |= O_TRUNC;
+        }
+    }
+    const std::string path = FileURLToPath(pathOrURL);
+    do {
+        m_fd = ::open(path.c_str(), access | O_CLOEXEC, 0644);
+    } while (m_fd < 0 && errno == EINTR);
+    if (m_fd < 0) {
+        return false;
+    }
+    struct stat status {};
+    if (fstat(m_fd, &status) != 0 || S_ISDIR(status.st_mode)) {
+        Close();
+        return false;
+    }
+    return true;
+}
+
+unsigned CFile::Read(void* buffer, unsigned count) {
+    if (m_fd < 0) {
+        return 0;
+    }
+    auto* bytes = static_cast<char*>(buffer);
+    unsigned done = 0;
+    while (done < count) {
+        const ssize_t got = ::read(m_fd, bytes + done, count - done);
+        if (got < 0 && errno == EINTR) {
+            continue;
+        }
+        if (got <= 0) {
+            break;
+        }
+        done += static_cast<unsigned>(got);
+    }
+    return done;
+}
+
+bool CFile::Write(const void* buffer, unsigned count) {
+    if (m_fd < 0) {
+        return false;
+    }
+    const auto* bytes = static_cast<const char*>(buffer);
+    unsigned done = 0;
+    while (done < count) {
+        const ssize_t put = ::write(m_fd, bytes + done, count - done);
+        if (put < 0 && errno == EINTR) {
+            continue;
+        }
+        if (put <= 0) {
+            return false;
+        }
+        done += static_cast<unsigned>(put);
+    }
+    return true;
+}
+
+int64_t CFile::Seek(int64_t offset, SeekPosition from) {
+    if (m_fd < 0) {
+        return -1;
+    }
+    const int whence = from == begin ? SEEK_SET : from == current ? SEEK_CUR : SEEK_END;
+    return ::lseek(m_fd, offset, whence);
+}
+
+int64_t CFile::GetPosition() const {
+    return m_fd < 0 ? -1 : ::lseek(m_fd, 0, SEEK_CUR);
+}
+
+int64_t CFile::GetLength() const {
+    struct stat status {};
+    return m_fd >= 0 && fstat(m_fd, &status) == 0 ? status.st_size : -1;
+}
+
+bool CFile::Flush() {
+    return m_fd >= 0 && ::fsync(m_fd) == 0;
+}
+
+bool CFile::Close() {
+    if (m_fd < 0) {
+        return false;
+    }
+    const int result = ::close(m_fd);
+    m_fd = -1;
+    return result == 0;
+}
