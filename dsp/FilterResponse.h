@@ -1,0 +1,19 @@
+// The analytic frequency response of the equaliser, computed from the coefficients the
+// filters actually run with, for plots and checks away from the audio thread.
+#pragma once
+
+#include "CBiquadFilter.h"
+#include "CMultiEqualizer.h"
+
+struct FrequencyResponse {
+    double magnitudeDb; // 20 log10 |H|
+    double phase;       // arg H in radians, within [-pi, pi]
+};
+
+// One designed section at frequency (Hz) for a stream at sampleRate (Hz).
+FrequencyResponse BiquadResponse(const CBiquadFilter& filter, double frequency, double sampleRate);
+
+// One channel of the engine as it stands: input gain, each active band, output gain. When
+// the chain does not process (both bands off, no format) the caller's signal passes
+// unchanged, so the response is flat at 0 dB.
+FrequencyResponse ChainResponse(const EqualizerChain& chain, double frequency);
