@@ -1,0 +1,319 @@
+#include "EngineTestSupport.h"
+
+#include <gtest/gtest.h>
+
+#include <climits>
+#include <cmath>
+#include <functional>
+#include <numeric>
+
+namespace {
+
+using namespace enginetest;
+
+struct Stereo {
+    std::vector<float> left, right;
+};
+
+Stereo Signal(int length) {
+    return {reference::Noise(length, 11), reference::Noise(length, 12)};
+}
+
+Stereo Impulse(float left, float right) {
+    Stereo s{std::vector<float>(8, 0.0f), std::vector<float>(8, 0.0f)};
+    s.left[0] = left;
+    s.right[0] = right;
+    return s;
+}
+
+// Feeds the signal through the engine in consecutive blocks of the given sizes; beforeBlock
+// may change settings between blocks.
+Stereo RunBlocks(
+    CMultiEqualizer& engine, const Stereo& in, const std::vector<int>& blocks,
+    const std::function<void(size_t)>& beforeBlock = [](size_t) {}) {
+    Stereo out;
+    size_t offset = 0;
+    for (size_t b = 0; b < blocks.size(); ++b) {
+        beforeBlock(b);
+        const auto block = TransformBlock(
+            engine, {in.left.data() + offset, in.right.data() + offset}, blocks[b], 2);
+        out.left.insert(out.left.end(), block[0].begin(), block[0].end());
+        out.right.insert(out.right.end(), block[1].begin(), block[1].end());
+        offset += blocks[b];
+    }
+    return out;
+}
+
+// beforeSample mirrors, on both reference channels, the changes made between blocks.
+void ExpectMatchesReference(
+    const Stereo& in, const Stereo& out, const Settings& s, float fs,
+    const std::function<void(size_t, reference::Channel&)>& beforeSample =
+        [](size_t, reference::Channel&) {}) {
+    auto left = ReferenceChannel(fs, s);
+    auto right = ReferenceChannel(fs, s);
+    ASSERT_EQ(out.left.size(), in.left.size());
+    for (size_t n = 0; n < in.left.size(); ++n) {
+        beforeSample(n, left);
+        beforeSample(n, right);
+        ASSERT_EQ(out.left[n], left.Run(in.left[n])) << "left sample " << n;
+        ASSERT_EQ(out.right[n], right.Run(in.right[n])) << "right sample " << n;
+    }
+}
+
+std::unique_ptr<CMultiEqualizer> StereoEngine(const Settings& s, int blockLength = 256) {
+    auto engine = std::make_unique<CMultiEqualizer>();
+    const tWAVEFORMATEX format = Format(2, 44100);
+    engine->SetMediaType(&format, blockLength);
+    Apply(*engine, s);
+    return engine;
+}
+
+const Settings kBoostAndCut = {
+    "BoostAndCut",
+    -6 * kDb,
+    6 * kDb,
+    {{1, 12 * kDb, 1000 * kHz, 65536}, {2, -12 * kDb, 8000 * kHz, 10 * 65536}}};
+
+class EngineSettings : public testing::TestWithParam<Settings> {};
+
+TEST_P(EngineSettings, MatchesPlainEvaluationBitForBitWhateverTheBlockSplit) {
+    const std::vector<int> blocks = {1, 2, 3, 64, 256, 64, 64, 128, 1};
+    const Stereo in = Signal(std::accumulate(blocks.begin(), blocks.end(), 0));
+    auto engine = StereoEngine(GetParam());
+    ExpectMatchesReference(in, RunBlocks(*engine, in, blocks), GetParam(), 44100);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Bands, EngineSettings,
+    testing::Values(kDefaults, kBoostAndCut,
+                    Settings{"TwentyHertzAndAboveLimit",
+                             0,
+                             0,
+                             {{0, 12 * kDb, 20 * kHz, 19660}, {1, -12 * kDb, 30000 * kHz, 655360}}},
+                    Settings{"FractionalValues",
+                             -229376,
+                             81920,
+                             {{2, 360448, 809074688, 163840}, {1, -12345, 20 * kHz, 19661}}}),
+    [](const testing::TestParamInfo<Settings>& info) { return std::string(info.param.name); });
+
+TEST(MultiEqualizer, TwoBlocksOf64GiveTheSameBitsAsOneOf128) {
+    const Stereo in = Signal(128);
+    const Stereo split = RunBlocks(*StereoEngine(kBoostAndCut), in, {64, 64});
+    const Stereo whole = RunBlocks(*StereoEngine(kBoostAndCut), in, {128});
+    EXPECT_EQ(split.left, whole.left);
+    EXPECT_EQ(split.right, whole.right);
+}
+
+TEST(MultiEqualizer, BlocksLongerThanTheWorkLengthMatchOnePass) {
+    const Stereo in = Signal(1000);
+    for (int blockLength : {64, 1, 0, -8, INT_MAX}) {
+        ExpectMatchesReference(in, RunBlocks(*StereoEngine(kBoostAndCut, blockLength), in, {1000}),
+                               kBoostAndCut, 44100);
+    }
+}
+
+TEST(MultiEqualizer, DefaultsAreActiveFlatLowShelvesAtOneKilohertz) {
+    CMultiEqualizer engine;
+    for (int band = 0; band < 2; ++band) {
+        int type = -1, gain = -1, freq = -1, q = -1;
+        bool active = false;
+        engine.get_Type(band, &type);
+        engine.get_Gain(band, &gain);
+        engine.get_Freq(band, &freq);
+        engine.get_Q(band, &q);
+        engine.get_Activate(band, &active);
+        EXPECT_EQ(type, 0);
+        EXPECT_EQ(gain, 0);
+        EXPECT_EQ(freq, 65536000);
+        EXPECT_EQ(q, 65536);
+        EXPECT_TRUE(active);
+    }
+    const Stereo in = Signal(256);
+    const Stereo out = RunBlocks(*StereoEngine(kDefaults), in, {256});
+    for (size_t n = 0; n < in.left.size(); ++n) {
+        EXPECT_NEAR(out.left[n], in.left[n], 1e-5f);
+        EXPECT_NEAR(out.right[n], in.right[n], 1e-5f);
+    }
+}
+
+TEST(MultiEqualizer, FixedPointValuesReadBackTruncatedAndSaturated) {
+    CMultiEqualizer engine;
+    int value = 0;
+    engine.set_Q(1, 19661);
+    engine.get_Q(1, &value);
+    EXPECT_EQ(value, 19661);
+    engine.set_InputLevel(-3918705);
+    engine.get_InputLevel(&value);
+    EXPECT_EQ(value, -3918705);
+    engine.set_OutputLevel(INT_MAX);
+    engine.get_OutputLevel(&value);
+    EXPECT_EQ(value, INT_MAX) << "2^31 after rounding to float saturates";
+    engine.set_InputLevel(-393216);
+    EXPECT_EQ(engine.GetChain(0).inputGain, 0.5011872f);
+}
+
+TEST(MultiEqualizer, OverLevelThresholdIsFixedAtFullScaleAndReadsUnscaled) {
+    CMultiEqualizer engine;
+    int threshold = 0;
+    engine.set_OverLevelThreshold(0x20000);
+    engine.get_OverLevelThreshold(&threshold);
+    EXPECT_EQ(threshold, 1);
+}
+
+TEST(MultiEqualizer, BandOutsideZeroAndOneIsRefusedWithoutSideEffects) {
+    CMultiEqualizer engine;
+    for (int band : {-1, 2, INT_MAX}) {
+        EXPECT_FALSE(engine.set_Gain(band, 12 * kDb));
+        EXPECT_FALSE(engine.set_Activate(band, false));
+        int value = 1;
+        EXPECT_FALSE(engine.get_Freq(band, &value));
+        EXPECT_EQ(value, 0);
+    }
+    for (int band = 0; band < 2; ++band) {
+        int gain = -1;
+        bool active = false;
+        engine.get_Gain(band, &gain);
+        engine.get_Activate(band, &active);
+        EXPECT_EQ(gain, 0);
+        EXPECT_TRUE(active);
+    }
+}
+
+TEST(MultiEqualizer, OverLevelFlagRisesOnlyAboveFullScale) {
+    const struct {
+        const char* name;
+        float left, right;
+        int outputLevel;
+        bool raised;
+    } cases[] = {
+        {"exactly full scale", 1.0f, -1.0f, 0, false},
+        {"just above on the left", std::nextafter(1.0f, 2.0f), 0.0f, 0, true},
+        {"just below minus full scale on the right", 0.0f, std::nextafter(-1.0f, -2.0f), 0, true},
+        {"pushed over by the output level", 0.9f, 0.0f, 6 * kDb, true},
+        {"kept under by the output level", 1.5f, 0.0f, -6 * kDb, false},
+    };
+    for (const auto& c : cases) {
+        auto engine = StereoEngine(kDefaults);
+        engine->set_OutputLevel(c.outputLevel);
+        RunBlocks(*engine, Impulse(c.left, c.right), {8});
+        bool raised = !c.raised;
+        engine->get_OverLevel(&raised);
+        EXPECT_EQ(raised, c.raised) << c.name;
+    }
+}
+
+TEST(MultiEqualizer, OverLevelFlagStaysUpUntilReadThenClears) {
+    auto engine = StereoEngine(kDefaults);
+    RunBlocks(*engine, Impulse(2.0f, 0.0f), {8});
+    RunBlocks(*engine, Impulse(0.0f, 0.0f), {8});
+    bool raised = false;
+    engine->get_OverLevel(&raised);
+    EXPECT_TRUE(raised);
+    engine->get_OverLevel(&raised);
+    EXPECT_FALSE(raised);
+}
+
+TEST(MultiEqualizer, BothBandsOffLeavesOutputsExactlyAsTheyWere) {
+    auto engine = StereoEngine(kDefaults);
+    engine->set_Activate(0, false);
+    engine->set_Activate(1, false);
+    const std::vector<float> loud(32, 4.0f);
+    const float* in[] = {loud.data(), loud.data()};
+    GuardedOutput out(2, 32, 0.25f);
+    int produced = 0;
+    engine->Transform(in, 32, out.pointers(), &produced);
+    EXPECT_EQ(produced, 32);
+    EXPECT_EQ(out.Samples(0), std::vector<float>(32, 0.25f));
+    EXPECT_EQ(out.Samples(1), std::vector<float>(32, 0.25f));
+    bool raised = true;
+    engine->get_OverLevel(&raised);
+    EXPECT_FALSE(raised);
+}
+
+TEST(MultiEqualizer, BypassedBandKeepsItsHistoryFrozenWhileTheOtherRuns) {
+    const Stereo in = Signal(128);
+    auto engine = StereoEngine(kBoostAndCut);
+    engine->set_Activate(0, false);
+    const Stereo out = RunBlocks(*engine, in, {64, 64}, [&](size_t block) {
+        if (block == 1) {
+            engine->set_Activate(0, true);
+        }
+    });
+    ExpectMatchesReference(in, out, kBoostAndCut, 44100,
+                           [](size_t n, reference::Channel& c) { c.active[0] = n >= 64; });
+}
+
+TEST(MultiEqualizer, ResetClearsHistoryButKeepsSettings) {
+    const Stereo in = Signal(64);
+    auto engine = StereoEngine(kBoostAndCut);
+    RunBlocks(*engine, in, {64});
+    engine->Reset();
+    ExpectMatchesReference(in, RunBlocks(*engine, in, {64}), kBoostAndCut, 44100);
+}
+
+TEST(MultiEqualizer, SettingsMadeBeforeTheFormatAreDesignedByIt) {
+    CMultiEqualizer engine;
+    Apply(engine, kBoostAndCut);
+    const Stereo in = Signal(64);
+    const float* inputs[] = {in.left.data(), in.right.data()};
+    GuardedOutput untouched(2, 64, 0.5f);
+    engine.Transform(inputs, 64, untouched.pointers(), nullptr);
+    EXPECT_EQ(untouched.Samples(0), std::vector<float>(64, 0.5f)) << "no format, no processing";
+
+    const tWAVEFORMATEX format = Format(2, 48000);
+    engine.SetMediaType(&format, 64);
+    ExpectMatchesReference(in, RunBlocks(engine, in, {64}), kBoostAndCut, 48000);
+}
+
+TEST(MultiEqualizer, NonPositiveCountTouchesNothing) {
+    auto engine = StereoEngine(kDefaults);
+    const std::vector<float> loud(4, 3.0f);
+    const float* in[] = {loud.data(), loud.data()};
+    for (int count : {0, -1, INT_MIN}) {
+        GuardedOutput out(2, 0);
+        engine->Transform(in, count, out.pointers(), nullptr);
+        out.ExpectGuardsIntact();
+    }
+}
+
+TEST(MultiEqualizer, MonoRunsTheFirstChannelOnly) {
+    CMultiEqualizer engine;
+    const tWAVEFORMATEX format = Format(1, 48000);
+    engine.SetMediaType(&format, 128);
+    Apply(engine, kBoostAndCut);
+    const auto in = reference::Noise(300, 9);
+    const auto out = TransformBlock(engine, {in.data()}, 300, 1);
+    auto want = ReferenceChannel(48000, kBoostAndCut);
+    for (size_t n = 0; n < in.size(); ++n) {
+        ASSERT_EQ(out[0][n], want.Run(in[n])) << "sample " << n;
+    }
+}
+
+TEST(MultiEqualizer, SixChannelsAreLeftUntouched) {
+    CMultiEqualizer engine;
+    const tWAVEFORMATEX format = Format(6, 48000);
+    engine.SetMediaType(&format, 64);
+    engine.set_Gain(0, 12 * kDb);
+    const std::vector<float> loud(64, 2.0f);
+    const std::vector<const float*> in(6, loud.data());
+    GuardedOutput out(6, 64, 0.125f);
+    engine.Transform(in.data(), 64, out.pointers(), nullptr);
+    for (int c = 0; c < 6; ++c) {
+        EXPECT_EQ(out.Samples(c), std::vector<float>(64, 0.125f)) << "channel " << c;
+    }
+    out.ExpectGuardsIntact();
+}
+
+TEST(MultiEqualizer, ZeroSampleRatePassesTheSignalThroughUnchanged) {
+    CMultiEqualizer engine;
+    const tWAVEFORMATEX format = Format(2, 0);
+    engine.SetMediaType(&format, 64);
+    engine.set_Gain(0, 12 * kDb);
+    engine.set_Type(1, 1);
+    const Stereo in = Signal(64);
+    const Stereo out = RunBlocks(engine, in, {64});
+    EXPECT_EQ(out.left, in.left);
+    EXPECT_EQ(out.right, in.right);
+}
+
+} // namespace
