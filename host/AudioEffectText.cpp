@@ -100,15 +100,18 @@ void AudioEffect::int2string(int32_t value, char* text, int32_t maxLen) {
         remaining = -remaining;
     }
     // Kept: leading zeros are dropped and nothing is written for zero itself, so 0 gives
-    // an empty text.
+    // an empty text. The first quotient may exceed 9 (negative values of ten digits) and is
+    // written whole.
     bool started = false;
     for (int64_t divisor = 100000000; divisor >= 1; divisor /= 10) {
-        const int digit = static_cast<int>((remaining / divisor) % 10);
-        if (digit != 0) {
+        const int64_t quotient = remaining / divisor;
+        remaining -= quotient * divisor;
+        if (quotient != 0) {
             started = true;
         }
         if (started) {
-            length += std::snprintf(scratch + length, sizeof(scratch) - length, "%d", digit);
+            length += std::snprintf(scratch + length, sizeof(scratch) - length, "%d",
+                                    static_cast<int>(quotient));
         }
     }
     scratch[length] = 0;
