@@ -1,0 +1,30 @@
+// A host window on the in-memory screen with the toolkit's frame wrapped around it, as an
+// editor has it once the host opened it.
+#pragma once
+
+#include "CFrameWnd.h"
+#include "CHeadlessDriver.h"
+#include "MessageCache.h"
+
+#include <gtest/gtest.h>
+
+class HostFixture : public ::testing::Test {
+protected:
+    static constexpr int kHostLeft = 200;
+    static constexpr int kHostTop = 100;
+    static constexpr int kHostWidth = 480;
+    static constexpr int kHostHeight = 320;
+
+    void SetUp() override {
+        AfxResetMsgCache();
+        host = driver.CreateHostWindow(
+            CRect(kHostLeft, kHostTop, kHostLeft + kHostWidth, kHostTop + kHostHeight));
+        ASSERT_TRUE(frame.SetNativeHandle(host));
+    }
+
+    void TearDown() override { frame.SetNativeHandle(nullptr); }
+
+    CHeadlessDriver driver;
+    void* host = nullptr;
+    CFrameWnd frame;
+};

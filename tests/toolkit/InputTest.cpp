@@ -1,0 +1,224 @@
+#include "CWnd.h"
+#include "HostFixture.h"
+#include "KeyCodes.h"
+#include "RecordingWnd.h"
+#include "WinMessages.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+class InputTest : public HostFixture {
+protected:
+    void SetUp() override {
+        HostFixture::SetUp();
+        ASSERT_TRUE(wnd.CreateChild(&frame, CRect(20, 30, 120, 130)));
+        driver.Pump();
+        wnd.received.clear();
+    }
+
+    std::vector<UINT> MouseMessages() const {
+        std::vector<UINT> mouse;
+        for (UINT m : wnd.Messages()) {
+            if (m >= WM_MOUSEMOVE && m <= WM_LBUTTONDBLCLK)
+                mouse.push_back(m);
+        }
+        return mouse;
+    }
+
+    RecordingWnd wnd;
+};
+
+TEST_F(InputTest, ClickArrivesAsDownAndUpInClientCoordinates) {
+    driver.Click(&wnd, CPoint(7, 9));
+    EXPECT_EQ(MouseMessages(), (std::vector<UINT>{WM_LBUTTONDOWN, WM_LBUTTONUP}));
+    const auto down = wnd.Only(WM_LBUTTONDOWN);
+    ASSERT_EQ(down.size(), 1u);
+    EXPECT_EQ(down[0].wParam, 0u);
+    EXPECT_EQ(CPoint::FromLParam(down[0].lParam), CPoint(7, 9));
+}
+
+TEST_F(InputTest, SecondClickOfADoubleClickReplacesTheDown) {
+    driver.DoubleClick(&wnd, CPoint(50, 50));
+    EXPECT_EQ(MouseMessages(),
+              (std::vector<UINT>{WM_LBUTTONDOWN, WM_LBUTTONUP, WM_LBUTTONDBLCLK, WM_LBUTTONUP}));
+}
+
+TEST_F(InputTest, SlowOrDistantSecondPressIsASingleClick) {
+    driver.Click(&wnd, CPoint(50, 50));
+    driver.Click(&wnd, CPoint(50, 50));
+    driver.Platform().AdvanceClock(100);
+    driver.Press(&wnd, CPoint(60, 50));
+    EXPECT_EQ(wnd.Only(WM_LBUTTONDOWN).size(), 3u);
+    EXPECT_TRUE(wnd.Only(WM_LBUTTONDBLCLK).empty());
+}
+
+TEST_F(InputTest, DragKeepsReportingToThePressedWindowOutsideIt) {
+    driver.Press(&wnd, CPoint(10, 10));
+    driver.Move(&wnd, CPoint(-15, 200));
+    driver.Release(&wnd, CPoint(-15, 200));
+    const auto moves = wnd.Only(WM_MOUSEMOVE);
+    ASSERT_EQ(moves.size(), 1u);
+    EXPECT_EQ(CPoint::FromLParam(moves[0].lParam), CPoint(-15, 200));
+    ASSERT_EQ(wnd.Only(WM_LBUTTONUP).size(), 1u);
+}
+
+TEST_F(InputTest, PointsInTheCornersOfTheWindow) {
+    driver.Click(&wnd, CPoint(0, 0));
+    driver.Click(&wnd, CPoint(99, 99));
+    const auto downs = wnd.Only(WM_LBUTTONDOWN);
+    ASSERT_EQ(downs.size(), 2u);
+    EXPECT_EQ(CPoint::FromLParam(downs[0].lParam), CPoint(0, 0));
+    EXPECT_EQ(CPoint::FromLParam(downs[1].lParam), CPoint(99, 99));
+}
+
+TEST_F(InputTest, MouseMoveAsksForTheCursor) {
+    driver.Move(&wnd, CPoint(5, 5));
+    const auto cursor = wnd.Only(WM_SETCURSOR);
+    ASSERT_EQ(cursor.size(), 1u);
+    EXPECT_EQ(cursor[0].wParam, reinterpret_cast<WPARAM>(wnd.GetSafeHwnd()));
+    EXPECT_EQ(cursor[0].lParam, 1);
+}
+
+TEST_F(InputTest, DisabledWindowGetsNoInput) {
+    wnd.EnableWindow(false);
+    driver.Click(&wnd, CPoint(5, 5));
+    EXPECT_TRUE(MouseMessages().empty());
+    wnd.EnableWindow(true);
+    driver.Click(&wnd, CPoint(5, 5));
+    EXPECT_EQ(MouseMessages().size(), 2u);
+}
+
+TEST_F(InputTest, CaptureIsBookkeepingOnly) {
+    RecordingWnd other;
+    ASSERT_TRUE(other.CreateChild(&frame, CRect(200, 30, 260, 90)));
+    EXPECT_EQ(wnd.SetCapture(), nullptr);
+    EXPECT_EQ(other.SetCapture(), &wnd);
+    EXPECT_EQ(CWnd::GetCapture(), &other);
+    driver.Click(&wnd, CPoint(5, 5));
+    EXPECT_EQ(wnd.Only(WM_LBUTTONDOWN).size(), 1u)
+        << "events still go to the window under the mouse";
+    EXPECT_TRUE(ReleaseCapture());
+    EXPECT_FALSE(ReleaseCapture());
+    EXPECT_EQ(CWnd::GetCapture(), nullptr);
+}
+
+TEST_F(InputTest, DestroyedWindowGivesUpCaptureAndFocus) {
+    auto doomed = std::make_unique<RecordingWnd>();
+    ASSERT_TRUE(doomed->CreateChild(&frame, CRect(0, 0, 10, 10)));
+    doomed->SetCapture();
+    doomed->SetFocus();
+    doomed.reset();
+    EXPECT_EQ(CWnd::GetCapture(), nullptr);
+    EXPECT_EQ(CWnd::GetFocus(), nullptr);
+}
+
+struct KeyStateCase {
+    int virtualKey;
+    unsigned modifiers;
+    DWORD expected;
+};
+
+TEST_F(InputTest, KeyStateMapsVirtualKeysOntoModifierBits) {
+    const KeyStateCase cases[] = {
+        {16, kModifierShift, 0xFFFF8000u},
+        {16, kModifierControl, 0},
+        {17, kModifierControl, 0xFFFF8000u},
+        {18, kModifierCommand, 0xFFFF8000u},
+        {18, kModifierOption, 0},
+        {19, kModifierOption, 0xFFFF8000u},
+        {19, kModifierCommand, 0},
+        {20, 0xFFFFu, 0},
+        {65, 0xFFFFu, 0},
+    };
+    for (const KeyStateCase& c : cases) {
+        driver.SetModifiers(c.modifiers);
+        EXPECT_EQ(GetKeyState(c.virtualKey), c.expected)
+            << "key " << c.virtualKey << " with modifiers " << std::hex << c.modifiers;
+    }
+    driver.SetModifiers(0);
+}
+
+// A window that swallows Escape before it is dispatched.
+class FilteringWnd : public RecordingWnd {
+public:
+    std::vector<MSG> seen;
+    bool PreTranslateMessage(MSG* msg) override {
+        seen.push_back(*msg);
+        return msg->wParam == kKeyEscape;
+    }
+    bool TakesKeyboard() const override { return true; }
+};
+
+TEST_F(InputTest, KeysGoThroughPreTranslateThenKeyDownThenChar) {
+    FilteringWnd field;
+    ASSERT_TRUE(field.CreateChild(&wnd, CRect(0, 0, 50, 20)));
+    field.SetFocus();
+    driver.Key(kKeyReturn, kCharReturn);
+    driver.Key(kKeyEscape, kCharEscape);
+    driver.Key(kKeyLeft, kCharLeft);
+
+    ASSERT_EQ(field.seen.size(), 3u);
+    EXPECT_EQ(field.seen[0].message, WM_KEYDOWN);
+    EXPECT_EQ(field.seen[0].character, kCharReturn);
+    EXPECT_EQ(field.seen[0].hwnd, field.GetSafeHwnd());
+    const auto downs = field.Only(WM_KEYDOWN);
+    ASSERT_EQ(downs.size(), 2u);
+    EXPECT_EQ(downs[0].wParam, kKeyReturn);
+    EXPECT_EQ(downs[1].wParam, kKeyLeft);
+    const auto chars = field.Only(WM_CHAR);
+    ASSERT_EQ(chars.size(), 2u);
+    EXPECT_EQ(chars[0].wParam, kCharReturn);
+    EXPECT_EQ(chars[1].wParam, kCharLeft);
+}
+
+class KeyboardWnd : public RecordingWnd {
+public:
+    bool TakesKeyboard() const override { return true; }
+};
+
+TEST_F(InputTest, ParentsPreTranslateSeesTheChildsKeys) {
+    FilteringWnd parent;
+    KeyboardWnd child;
+    ASSERT_TRUE(parent.CreateChild(&frame, CRect(0, 0, 50, 50)));
+    ASSERT_TRUE(child.CreateChild(&parent, CRect(0, 0, 20, 20)));
+    child.SetFocus();
+    driver.Key(kKeyEscape, kCharEscape);
+    driver.Key(kKeyReturn, kCharReturn);
+    ASSERT_EQ(parent.seen.size(), 2u);
+    EXPECT_EQ(parent.seen[0].hwnd, child.GetSafeHwnd());
+    const auto downs = child.Only(WM_KEYDOWN);
+    ASSERT_EQ(downs.size(), 1u);
+    EXPECT_EQ(downs[0].wParam, kKeyReturn);
+    EXPECT_TRUE(parent.Only(WM_KEYDOWN).empty());
+}
+
+TEST_F(InputTest, WindowThatLeavesTheKeyboardToTheHostGetsNoKeys) {
+    wnd.SetFocus();
+    driver.Key(kKeyReturn, kCharReturn);
+    EXPECT_TRUE(wnd.Only(WM_KEYDOWN).empty());
+}
+
+TEST_F(InputTest, FocusMovesWithKillAndSetFocusMessages) {
+    FilteringWnd first;
+    FilteringWnd second;
+    ASSERT_TRUE(first.CreateChild(&wnd, CRect(0, 0, 20, 20)));
+    ASSERT_TRUE(second.CreateChild(&wnd, CRect(20, 0, 40, 20)));
+    first.SetFocus();
+    second.SetFocus();
+    const auto kills = first.Only(WM_KILLFOCUS);
+    ASSERT_EQ(kills.size(), 1u);
+    EXPECT_EQ(kills[0].wParam, reinterpret_cast<WPARAM>(second.GetSafeHwnd()));
+    EXPECT_EQ(CWnd::GetFocus(), &second);
+}
+
+TEST_F(InputTest, LosingTheNativeFocusSendsKillFocus) {
+    FilteringWnd field;
+    ASSERT_TRUE(field.CreateChild(&wnd, CRect(0, 0, 20, 20)));
+    field.SetFocus();
+    driver.Platform().FocusElsewhere();
+    EXPECT_EQ(field.Only(WM_KILLFOCUS).size(), 1u);
+    EXPECT_EQ(CWnd::GetFocus(), nullptr);
+}
+
+} // namespace

@@ -1,0 +1,115 @@
+#include "HostFixture.h"
+#include "PostedMessageRing.h"
+#include "RecordingWnd.h"
+#include "WinMessages.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+constexpr UINT kPing = WM_USER + 1;
+
+class PostMessageTest : public HostFixture {
+protected:
+    void SetUp() override {
+        HostFixture::SetUp();
+        ASSERT_TRUE(wnd.CreateChild(&frame, CRect(0, 0, 40, 40)));
+        driver.Pump();
+        wnd.received.clear();
+    }
+
+    std::vector<WPARAM> PingsReceived() const {
+        std::vector<WPARAM> values;
+        for (const ReceivedMessage& m : wnd.Only(kPing))
+            values.push_back(m.wParam);
+        return values;
+    }
+
+    RecordingWnd wnd;
+};
+
+TEST_F(PostMessageTest, DeliveredOnTheMainThreadPumpNotBefore) {
+    EXPECT_TRUE(wnd.PostMessage(kPing, 3, 4));
+    EXPECT_TRUE(wnd.Only(kPing).empty());
+    driver.Pump();
+    ASSERT_EQ(wnd.Only(kPing).size(), 1u);
+    EXPECT_EQ(wnd.Only(kPing)[0].lParam, 4);
+    EXPECT_EQ(PingsReceived(), std::vector<WPARAM>{3});
+}
+
+TEST_F(PostMessageTest, PostsArriveInOrder) {
+    for (WPARAM i = 0; i < 10; ++i)
+        wnd.PostMessage(kPing, i, 0);
+    driver.Pump();
+    EXPECT_EQ(PingsReceived(), (std::vector<WPARAM>{0, 1, 2, 3, 4, 5, 6, 7, 8, 9}));
+}
+
+TEST_F(PostMessageTest, The257thPostOverwritesTheFirstAndArrivesTwice) {
+    const int start = g_nEventVST.load();
+    for (WPARAM i = 1; i <= 257; ++i)
+        wnd.PostMessage(kPing, i, 0);
+    driver.Pump();
+    const std::vector<WPARAM> pings = PingsReceived();
+    ASSERT_EQ(pings.size(), 257u);
+    EXPECT_EQ(pings.front(), 257u);
+    EXPECT_EQ(pings.back(), 257u);
+    EXPECT_EQ(std::count(pings.begin(), pings.end(), 1u), 0);
+    EXPECT_EQ(pings[1], 2u);
+    EXPECT_EQ(g_nEventVST.load(), (start + 257) % 256);
+}
+
+TEST_F(PostMessageTest, IndexWrapsAfterSlot255) {
+    while (g_nEventVST.load() != 255)
+        wnd.PostMessage(kPing, 0, 0);
+    driver.Pump();
+    wnd.PostMessage(kPing, 0, 0);
+    EXPECT_EQ(g_nEventVST.load(), 0);
+}
+
+TEST_F(PostMessageTest, PostToAWindowThatIsGoneIsNotDelivered) {
+    auto doomed = std::make_unique<RecordingWnd>();
+    ASSERT_TRUE(doomed->CreateChild(&frame, CRect(0, 0, 10, 10)));
+    doomed->PostMessage(kPing, 1, 0);
+    doomed.reset();
+    wnd.PostMessage(kPing, 2, 0);
+    driver.Pump();
+    EXPECT_EQ(PingsReceived(), std::vector<WPARAM>{2});
+}
+
+TEST_F(PostMessageTest, WindowWithoutViewPostsThroughTheFallbackView) {
+    RecordingWnd viewless;
+    viewless.PostMessage(kPing, 5, 0);
+    driver.Pump();
+    ASSERT_EQ(viewless.Only(kPing).size(), 1u);
+
+    frame.SetNativeHandle(nullptr);
+    ASSERT_EQ(hTempWnd.load(), nullptr);
+    viewless.PostMessage(kPing, 6, 0);
+    driver.Pump();
+    EXPECT_EQ(viewless.Only(kPing).size(), 1u);
+}
+
+int g_deferredArgument = 0;
+void RememberArgument(LPARAM argument) {
+    g_deferredArgument = static_cast<int>(argument);
+}
+
+TEST_F(PostMessageTest, DeferredOperationWithoutTargetRuns) {
+    g_deferredArgument = 0;
+    PostMessageNS(nullptr, WM_DEFERRED_OPERATION, reinterpret_cast<WPARAM>(&RememberArgument), 42);
+    EXPECT_EQ(g_deferredArgument, 0);
+    driver.Pump();
+    EXPECT_EQ(g_deferredArgument, 42);
+}
+
+TEST_F(PostMessageTest, ActivationPostIsTraced) {
+    testing::internal::CaptureStdout();
+    wnd.PostMessage(WM_ACTIVATE, 1, 0);
+    const std::string trace = testing::internal::GetCapturedStdout();
+    EXPECT_EQ(trace.rfind("PostMessage(WM_ACTIVATE,", 0), 0u);
+    EXPECT_EQ(trace.substr(trace.size() - 3), ")\r\n");
+    driver.Pump();
+    EXPECT_EQ(wnd.Only(WM_ACTIVATE).size(), 1u);
+}
+
+} // namespace

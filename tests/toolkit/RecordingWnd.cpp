@@ -1,0 +1,68 @@
+#include "RecordingWnd.h"
+
+#include "WinMessages.h"
+#include "WinStyles.h"
+
+BEGIN_MESSAGE_MAP(RecordingWnd, CWnd)
+ON_WM_CREATE()
+ON_WM_PAINT()
+ON_WM_TIMER()
+ON_WM_LBUTTONDOWN()
+ON_WM_LBUTTONUP()
+ON_WM_LBUTTONDBLCLK()
+ON_WM_DESTROY()
+END_MESSAGE_MAP()
+
+LRESULT RecordingWnd::WindowProc(UINT message, WPARAM wParam, LPARAM lParam) {
+    received.push_back({message, wParam, lParam});
+    if (message == WM_WINDOWPOSCHANGED)
+        windowPosFlags.push_back(reinterpret_cast<const WINDOWPOS*>(lParam)->flags);
+    return CWnd::WindowProc(message, wParam, lParam);
+}
+
+std::vector<UINT> RecordingWnd::Messages() const {
+    std::vector<UINT> messages;
+    for (const ReceivedMessage& m : received)
+        messages.push_back(m.message);
+    return messages;
+}
+
+std::vector<ReceivedMessage> RecordingWnd::Only(UINT message) const {
+    std::vector<ReceivedMessage> matching;
+    for (const ReceivedMessage& m : received) {
+        if (m.message == message)
+            matching.push_back(m);
+    }
+    return matching;
+}
+
+bool RecordingWnd::CreateChild(CWnd* parent, const CRect& rect, UINT id) {
+    return Create(nullptr, "recording", WS_CHILD | WS_VISIBLE, rect, parent, id);
+}
+
+bool RecordingWnd::PreCreateWindow(CREATESTRUCT&) {
+    return allowCreate;
+}
+
+int RecordingWnd::OnCreate(CREATESTRUCT* create) {
+    lastCreate = *create;
+    if (CWnd::OnCreate(create) == -1)
+        return -1;
+    return createResult;
+}
+
+void RecordingWnd::OnPaint() {
+    paintedAreas.push_back(GetUpdateRect());
+}
+
+void RecordingWnd::OnTimer(UINT id) {
+    CWnd::OnTimer(id);
+}
+
+void RecordingWnd::OnLButtonDown(UINT, CPoint) {}
+
+void RecordingWnd::OnLButtonUp(UINT, CPoint) {}
+
+void RecordingWnd::OnLButtonDblClk(UINT, CPoint) {}
+
+void RecordingWnd::OnDestroy() {}

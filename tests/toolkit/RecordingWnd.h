@@ -1,0 +1,44 @@
+// A window that writes down every message it receives (number and parameters) and handles
+// the common ones, so that tests can check what arrived, in which order.
+#pragma once
+
+#include "CWnd.h"
+
+#include <vector>
+
+struct ReceivedMessage {
+    UINT message;
+    WPARAM wParam;
+    LPARAM lParam;
+};
+
+class RecordingWnd : public CWnd {
+public:
+    std::vector<ReceivedMessage> received;
+    int createResult = 0;
+    bool allowCreate = true;
+    int postNcDestroyCalls = 0;
+    std::vector<CRect> paintedAreas;
+    std::vector<UINT> windowPosFlags;
+    CREATESTRUCT lastCreate{};
+
+    LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override;
+    std::vector<UINT> Messages() const;
+    std::vector<ReceivedMessage> Only(UINT message) const;
+    // Creates the window as a visible child of the parent at the rectangle.
+    bool CreateChild(CWnd* parent, const CRect& rect, UINT id = 0);
+
+protected:
+    bool PreCreateWindow(CREATESTRUCT& create) override;
+    void PostNcDestroy() override { ++postNcDestroyCalls; }
+
+    int OnCreate(CREATESTRUCT* create);
+    void OnPaint();
+    void OnTimer(UINT id);
+    void OnLButtonDown(UINT flags, CPoint point);
+    void OnLButtonUp(UINT flags, CPoint point);
+    void OnLButtonDblClk(UINT flags, CPoint point);
+    void OnDestroy();
+
+    DECLARE_MESSAGE_MAP()
+};

@@ -1,0 +1,212 @@
+#include "HostFixture.h"
+#include "MFCView0.h"
+#include "RecordingWnd.h"
+#include "WinMessages.h"
+#include "WinStyles.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+using WindowTest = HostFixture;
+
+TEST_F(WindowTest, CreationDeliversCreateMoveAndSizeInOrder) {
+    RecordingWnd wnd;
+    ASSERT_TRUE(wnd.CreateChild(&frame, CRect(10, 20, 110, 70), 7));
+    ASSERT_GE(wnd.received.size(), 3u);
+    EXPECT_EQ(wnd.received[0].message, WM_CREATE);
+    EXPECT_EQ(wnd.lastCreate.x, 10);
+    EXPECT_EQ(wnd.lastCreate.y, 20);
+    EXPECT_EQ(wnd.lastCreate.cx, 100);
+    EXPECT_EQ(wnd.lastCreate.cy, 50);
+    EXPECT_EQ(wnd.lastCreate.hwndParent, frame.GetSafeHwnd());
+    EXPECT_EQ(wnd.lastCreate.hMenu, reinterpret_cast<void*>(7));
+    EXPECT_EQ(wnd.received[1].message, WM_MOVE);
+    EXPECT_EQ(wnd.received[1].lParam, MAKELPARAM(10, 20));
+    EXPECT_EQ(wnd.received[2].message, WM_SIZE);
+    EXPECT_EQ(wnd.received[2].wParam, 0u);
+    EXPECT_EQ(wnd.received[2].lParam, MAKELPARAM(100, 50));
+    EXPECT_EQ(wnd.GetDlgCtrlID(), 7);
+    EXPECT_EQ(wnd.GetParent(), &frame);
+    EXPECT_TRUE(wnd.GetStyle() & WS_CHILD);
+    EXPECT_TRUE(wnd.IsWindowVisible());
+    CRect client;
+    wnd.GetClientRect(&client);
+    EXPECT_EQ(client, CRect(0, 0, 100, 50));
+}
+
+TEST_F(WindowTest, CreateForcesTheChildStyle) {
+    RecordingWnd wnd;
+    ASSERT_TRUE(wnd.Create(nullptr, "w", WS_VISIBLE, CRect(0, 0, 10, 10), &frame, 1));
+    EXPECT_TRUE(wnd.GetStyle() & WS_CHILD);
+}
+
+TEST_F(WindowTest, CreationRefusedByOnCreateLeavesNoView) {
+    RecordingWnd wnd;
+    wnd.createResult = -1;
+    EXPECT_FALSE(wnd.CreateChild(&frame, CRect(0, 0, 10, 10)));
+    EXPECT_EQ(wnd.GetSafeHwnd(), nullptr);
+    EXPECT_EQ(wnd.postNcDestroyCalls, 1);
+    EXPECT_EQ(wnd.Only(WM_MOVE).size(), 0u);
+}
+
+TEST_F(WindowTest, CreationRefusedByPreCreateWindowSendsNothing) {
+    RecordingWnd wnd;
+    wnd.allowCreate = false;
+    EXPECT_FALSE(wnd.CreateChild(&frame, CRect(0, 0, 10, 10)));
+    EXPECT_TRUE(wnd.received.empty());
+    EXPECT_EQ(wnd.postNcDestroyCalls, 0);
+}
+
+TEST_F(WindowTest, ChildNeedsAParentWithAView) {
+    RecordingWnd orphan;
+    EXPECT_FALSE(orphan.Create(nullptr, "w", WS_VISIBLE, CRect(0, 0, 10, 10), nullptr, 1));
+    EXPECT_EQ(orphan.GetSafeHwnd(), nullptr);
+}
+
+TEST_F(WindowTest, DestroyTakesChildrenFirstThenDetaches) {
+    RecordingWnd parent;
+    RecordingWnd child;
+    ASSERT_TRUE(parent.CreateChild(&frame, CRect(0, 0, 100, 100)));
+    ASSERT_TRUE(child.CreateChild(&parent, CRect(5, 5, 20, 20), 3));
+    EXPECT_EQ(parent.GetDlgItem(3), &child);
+    parent.received.clear();
+
+    EXPECT_TRUE(parent.DestroyWindow());
+    EXPECT_EQ(child.Only(WM_DESTROY).size(), 1u);
+    EXPECT_EQ(parent.Only(WM_DESTROY).size(), 1u);
+    EXPECT_EQ(parent.GetSafeHwnd(), nullptr);
+    EXPECT_EQ(child.GetSafeHwnd(), nullptr);
+    EXPECT_EQ(parent.postNcDestroyCalls, 1);
+    EXPECT_EQ(child.postNcDestroyCalls, 1);
+    EXPECT_EQ(parent.GetDlgItem(3), nullptr);
+    EXPECT_FALSE(parent.DestroyWindow());
+}
+
+TEST_F(WindowTest, WindowNeverCreatedCannotBeDestroyed) {
+    RecordingWnd wnd;
+    EXPECT_FALSE(wnd.DestroyWindow());
+    EXPECT_EQ(wnd.postNcDestroyCalls, 0);
+}
+
+TEST_F(WindowTest, ShowWindowHidesAndShowsWithPositionNotice) {
+    RecordingWnd wnd;
+    ASSERT_TRUE(wnd.CreateChild(&frame, CRect(0, 0, 10, 10)));
+    wnd.received.clear();
+    EXPECT_TRUE(wnd.ShowWindow(SW_HIDE));
+    EXPECT_FALSE(wnd.IsWindowVisible());
+    EXPECT_TRUE(wnd.GetSafeHwnd()->IsHidden());
+    EXPECT_TRUE(wnd.ShowWindow(SW_SHOW));
+    EXPECT_TRUE(wnd.IsWindowVisible());
+    EXPECT_FALSE(wnd.GetSafeHwnd()->IsHidden());
+    EXPECT_EQ(wnd.windowPosFlags, (std::vector<UINT>{0x80, 0x40}));
+}
+
+TEST_F(WindowTest, ShowCommandsAboveNineAreIgnored) {
+    RecordingWnd wnd;
+    ASSERT_TRUE(wnd.CreateChild(&frame, CRect(0, 0, 10, 10)));
+    wnd.received.clear();
+    EXPECT_TRUE(wnd.ShowWindow(10));
+    EXPECT_TRUE(wnd.received.empty());
+    EXPECT_TRUE(wnd.IsWindowVisible());
+}
+
+TEST_F(WindowTest, WindowWithoutViewOnlyRecordsVisibility) {
+    RecordingWnd wnd;
+    EXPECT_TRUE(wnd.ShowWindow(SW_SHOW));
+    EXPECT_TRUE(wnd.IsWindowVisible());
+    EXPECT_TRUE(wnd.received.empty());
+}
+
+TEST_F(WindowTest, MoveWindowResizesAndRepositions) {
+    RecordingWnd wnd;
+    ASSERT_TRUE(wnd.CreateChild(&frame, CRect(0, 0, 10, 10)));
+    wnd.received.clear();
+    wnd.MoveWindow(30, 40, 50, 60, true);
+    ASSERT_EQ(wnd.Only(WM_SIZE).size(), 1u);
+    EXPECT_EQ(wnd.Only(WM_SIZE)[0].lParam, MAKELPARAM(50, 60));
+    CRect screen;
+    wnd.GetWindowRect(&screen);
+    EXPECT_EQ(screen, CRect(kHostLeft + 30, kHostTop + 40, kHostLeft + 80, kHostTop + 100));
+    wnd.received.clear();
+    wnd.SetWindowPos(nullptr, 0, 0, 0, 0, SWP_NOSIZE | SWP_NOZORDER);
+    EXPECT_TRUE(wnd.Only(WM_SIZE).empty());
+    wnd.GetWindowRect(&screen);
+    EXPECT_EQ(screen.TopLeft(), CPoint(kHostLeft, kHostTop));
+}
+
+TEST_F(WindowTest, HostFrameTakesTheHostWindowSize) {
+    CRect client;
+    frame.GetClientRect(&client);
+    EXPECT_EQ(client, CRect(0, 0, kHostWidth, kHostHeight));
+}
+
+TEST_F(WindowTest, TextOfAChildIsFoundThroughItsId) {
+    RecordingWnd parent;
+    RecordingWnd field;
+    ASSERT_TRUE(parent.CreateChild(&frame, CRect(0, 0, 100, 100)));
+    ASSERT_TRUE(field.CreateChild(&parent, CRect(0, 0, 50, 20), 5000));
+    parent.SetDlgItemText(5000, "Warm");
+    CString text;
+    EXPECT_EQ(parent.GetDlgItemText(5000, text), 4);
+    EXPECT_EQ(text, "Warm");
+    EXPECT_EQ(parent.GetDlgItemText(5001, text), 0);
+    EXPECT_TRUE(text.IsEmpty());
+
+    char buffer[3];
+    EXPECT_EQ(field.GetWindowText(buffer, sizeof buffer), 2);
+    EXPECT_STREQ(buffer, "Wa");
+}
+
+TEST_F(WindowTest, DestroyingTheHostWindowLeavesTheToolkitWindowHarmless) {
+    RecordingWnd wnd;
+    ASSERT_TRUE(wnd.CreateChild(&frame, CRect(0, 0, 10, 10)));
+    driver.DestroyHostWindow(host);
+    wnd.Invalidate();
+    driver.Pump();
+    EXPECT_TRUE(wnd.paintedAreas.empty());
+    EXPECT_TRUE(wnd.DestroyWindow());
+}
+
+// A control that takes its own selection notifications before its parent sees them.
+class ReflectingControl : public RecordingWnd {
+public:
+    int reflected = 0;
+    void OnSelectionChanged() { ++reflected; }
+    DECLARE_MESSAGE_MAP()
+};
+
+BEGIN_MESSAGE_MAP(ReflectingControl, RecordingWnd)
+ON_CONTROL_REFLECT(CBN_SELCHANGE, OnSelectionChanged)
+END_MESSAGE_MAP()
+
+class ListParent : public RecordingWnd {
+public:
+    int changed = 0;
+    int edited = 0;
+    void OnListChanged() { ++changed; }
+    void OnNameEdited() { ++edited; }
+    DECLARE_MESSAGE_MAP()
+};
+
+BEGIN_MESSAGE_MAP(ListParent, RecordingWnd)
+ON_CBN_SELCHANGE(1120, OnListChanged)
+ON_EN_CHANGE(1120, OnNameEdited)
+END_MESSAGE_MAP()
+
+TEST_F(WindowTest, ControlNotificationIsReflectedBeforeTheParentSeesIt) {
+    ListParent parent;
+    ReflectingControl list;
+    ASSERT_TRUE(parent.CreateChild(&frame, CRect(0, 0, 100, 100)));
+    ASSERT_TRUE(list.CreateChild(&parent, CRect(0, 0, 50, 20), 1120));
+    const LPARAM handle = reinterpret_cast<LPARAM>(list.GetSafeHwnd());
+
+    parent.SendMessage(WM_COMMAND, MAKEWPARAM(1120, CBN_SELCHANGE), handle);
+    EXPECT_EQ(list.reflected, 1);
+    EXPECT_EQ(parent.changed, 0);
+
+    parent.SendMessage(WM_COMMAND, MAKEWPARAM(1120, EN_CHANGE), handle);
+    EXPECT_EQ(parent.edited, 1);
+}
+
+} // namespace

@@ -1,0 +1,108 @@
+#include "MessagePump.h"
+
+#include "CWnd.h"
+#include "MFCView0.h"
+#include "MainThreadQueue.h"
+#include "PostedMessageRing.h"
+#include "headless/HeadlessPlatform.h"
+
+#include <algorithm>
+#include <chrono>
+#include <thread>
+#include <vector>
+
+namespace {
+
+// How long a modal loop sleeps at most between looks at the queue, which other threads fill
+// without waking it.
+constexpr int kModalPollMs = 5;
+
+PlatformFactory& Factory() {
+    static PlatformFactory factory = [] { return native::HeadlessPlatform::Shared(); };
+    return factory;
+}
+
+std::vector<std::weak_ptr<native::NativePlatform>>& OpenPlatforms() {
+    static std::vector<std::weak_ptr<native::NativePlatform>> platforms;
+    return platforms;
+}
+
+std::vector<std::shared_ptr<native::NativePlatform>> LivePlatforms() {
+    auto& open = OpenPlatforms();
+    open.erase(std::remove_if(open.begin(), open.end(), [](const auto& p) { return p.expired(); }),
+               open.end());
+    std::vector<std::shared_ptr<native::NativePlatform>> live;
+    for (const auto& platform : open) {
+        if (auto locked = platform.lock())
+            live.push_back(std::move(locked));
+    }
+    return live;
+}
+
+void DeliverQueuedWork() {
+    MainThreadQueue& queue = TheMainThreadQueue();
+    // Only as much as the queue can hold: a timer that keeps ticking cannot trap the loop.
+    MainThreadTask task;
+    for (std::size_t i = 0; i < MainThreadQueue::kCapacity && queue.TryPop(task); ++i) {
+        if (task.kind == MainThreadTaskKind::PostedMessage) {
+            DeliverPostedSlot(static_cast<int>(task.value));
+        } else if (MFCView0* view = MFCView0::FromSerial(task.viewSerial)) {
+            if (CWnd* wnd = view->GetCWnd())
+                wnd->DeliverTimerTick(task.value);
+        }
+    }
+}
+
+} // namespace
+
+void AfxSetPlatformFactory(PlatformFactory factory) {
+    Factory() = std::move(factory);
+}
+
+std::shared_ptr<native::NativePlatform> AfxOpenPlatform() {
+    std::shared_ptr<native::NativePlatform> platform = Factory()();
+    if (!platform)
+        return nullptr;
+    auto live = LivePlatforms();
+    if (std::find(live.begin(), live.end(), platform) == live.end())
+        OpenPlatforms().push_back(platform);
+    return platform;
+}
+
+std::shared_ptr<native::NativePlatform> AfxDefaultPlatform() {
+    auto live = LivePlatforms();
+    return live.empty() ? AfxOpenPlatform() : live.front();
+}
+
+void AfxForEachPlatform(const std::function<void(native::NativePlatform&)>& function) {
+    for (const auto& platform : LivePlatforms())
+        function(*platform);
+}
+
+void AfxPumpMessages() {
+    AfxForEachPlatform([](native::NativePlatform& platform) { platform.ProcessEvents(); });
+    DeliverQueuedWork();
+    MFCView0::DisplayAllPending();
+}
+
+void AfxWaitForWork(int timeoutMs) {
+    if (!TheMainThreadQueue().IsEmpty())
+        return;
+    const auto live = LivePlatforms();
+    if (live.empty()) {
+        std::this_thread::sleep_for(std::chrono::milliseconds(timeoutMs));
+        return;
+    }
+    const int share = std::max(1, timeoutMs / static_cast<int>(live.size()));
+    for (const auto& platform : live)
+        platform->WaitForEvents(share);
+}
+
+void AfxRunModalLoop(const std::function<bool()>& continueModal) {
+    while (continueModal()) {
+        AfxPumpMessages();
+        if (!continueModal())
+            break;
+        AfxWaitForWork(kModalPollMs);
+    }
+}

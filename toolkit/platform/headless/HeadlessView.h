@@ -1,0 +1,36 @@
+// One window of the in-memory platform. A view made by the toolkit owns its node; a
+// wrapped host window only refers to the host's node.
+#pragma once
+
+#include "HeadlessPlatform.h"
+
+namespace native {
+
+class HeadlessView final : public NativeView {
+public:
+    HeadlessView(HeadlessPlatform& platform, HeadlessNode* node, bool ownsNode);
+    ~HeadlessView() override;
+
+    HeadlessNode* Node() const { return m_node; }
+    // The platform destroyed the node (its host window went away).
+    void Lose() { m_node = nullptr; }
+
+    void SetFrame(const RECT& frame) override;
+    SIZE Size() const override;
+    POINT ScreenOrigin() const override;
+    void SetVisible(bool visible) override;
+    void Raise() override;
+    void SetTitle(const char* utf8Title) override;
+    void Present(cairo_surface_t* pixels, const RECT& area) override;
+    void TakeKeyboardFocus() override;
+    void ReturnKeyboardFocus() override;
+    void GrabPointer() override;
+    void ReleasePointer() override;
+
+private:
+    HeadlessPlatform& m_platform;
+    HeadlessNode* m_node;
+    const bool m_ownsNode;
+};
+
+} // namespace native
