@@ -212,7 +212,17 @@ enum VstPlugCategory : int32_t {
     kPlugCategUnknown = 0,
     kPlugCategEffect = 1,
     kPlugCategSynth = 2,
+    kPlugCategAnalysis = 3,
+    kPlugCategMastering = 4,
+    kPlugCategSpacializer = 5,
+    kPlugCategRoomFx = 6,
+    kPlugSurroundFx = 7,
+    kPlugCategRestoration = 8,
+    kPlugCategOfflineProcess = 9,
+    kPlugCategShell = 10,
+    kPlugCategGenerator = 11,
 };
+static_assert(kPlugCategShell == 10 && kPlugCategGenerator == 11);
 
 // A window rectangle in the host's 16-bit coordinates.
 struct ERect {
@@ -297,6 +307,25 @@ struct VstTimeInfo {
     int32_t samplesToNextClock;
     int32_t flags;
 };
+
+// Which fields of a VstTimeInfo the host filled in, and the transport state.
+enum VstTimeInfoFlags : int32_t {
+    kVstTransportChanged = 1,
+    kVstTransportPlaying = 1 << 1,
+    kVstTransportCycleActive = 1 << 2,
+    kVstTransportRecording = 1 << 3,
+    kVstAutomationWriting = 1 << 6,
+    kVstAutomationReading = 1 << 7,
+    kVstNanosValid = 1 << 8,
+    kVstPpqPosValid = 1 << 9,
+    kVstTempoValid = 1 << 10,
+    kVstBarsValid = 1 << 11,
+    kVstCyclePosValid = 1 << 12,
+    kVstTimeSigValid = 1 << 13,
+    kVstSmpteValid = 1 << 14,
+    kVstClockValid = 1 << 15,
+};
+static_assert(kVstNanosValid == 256 && kVstTimeSigValid == 8192 && kVstClockValid == 32768);
 
 struct VstEvent;
 struct VstEvents {
