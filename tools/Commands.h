@@ -1,0 +1,36 @@
+// The commands of the `zephyra` tool. Each lives in its own file and declares what it takes.
+#pragma once
+
+#include "CommandLine.h"
+
+#include <string>
+#include <vector>
+
+// What every command needs from the global options.
+class ToolContext {
+public:
+    explicit ToolContext(std::string pluginOption) : pluginOption(std::move(pluginOption)) {}
+    // `--plugin PATH` when given, else the default plug-in (ToolError when there is none).
+    std::string pluginPath() const;
+
+private:
+    std::string pluginOption;
+};
+
+struct Command {
+    const char* name;
+    const char* arguments; // as shown in the usage text
+    const char* summary;
+    std::vector<OptionSpec> options;
+    int (*run)(const CommandLine& commandLine, const ToolContext& context);
+};
+
+Command infoCommand();
+Command renderCommand();
+Command plotCommand();
+Command benchCommand();
+Command editorCommand();
+
+// The options of the commands that process audio: settings, block size and precision.
+std::vector<OptionSpec> processingOptions();
+int readBlockSize(const CommandLine& commandLine);

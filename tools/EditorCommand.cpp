@@ -1,0 +1,108 @@
+#include "Commands.h"
+#include "EditorWindow.h"
+#include "PendingOutput.h"
+#include "PluginInstance.h"
+#include "PluginSettings.h"
+#include "PngFile.h"
+#include "ResultStream.h"
+#include "ToolError.h"
+
+#include <chrono>
+#include <memory>
+#include <thread>
+
+namespace {
+
+constexpr double kSampleRate = 48000.0;
+constexpr int kBlockSize = 512;
+constexpr auto kIdlePeriod = std::chrono::milliseconds(33); // about 30 Hz, as hosts idle
+constexpr int kFallbackWidth = 400;
+constexpr int kFallbackHeight = 300;
+
+// The editor's size, asked before and again after opening: some editors know it only then.
+bool editorSize(const PluginInstance& plugin, int& width, int& height) {
+    ERect* rectangle = nullptr;
+    plugin.dispatch(effEditGetRect, 0, 0, &rectangle);
+    if (rectangle == nullptr || rectangle->right <= rectangle->left ||
+        rectangle->bottom <= rectangle->top) {
+        return false;
+    }
+    width = rectangle->right - rectangle->left;
+    height = rectangle->bottom - rectangle->top;
+    return true;
+}
+
+int runEditor(const CommandLine& commandLine, const ToolContext& context) {
+    if (!commandLine.positionals().empty()) {
+        throw UsageError("editor takes no arguments");
+    }
+    const bool timed = commandLine.has("seconds");
+    const double seconds = commandLine.number("seconds", 0.0, 0.0, 86400.0);
+    const PluginSettings settings = readSettings(commandLine);
+    std::unique_ptr<PendingOutput> screenshot;
+    if (commandLine.has("screenshot")) {
+        screenshot = std::make_unique<PendingOutput>(commandLine.text("screenshot"));
+    }
+
+    PluginInstance plugin(PluginModule::load(context.pluginPath()), kSampleRate, kBlockSize);
+    plugin.resume();
+    applySettings(plugin, settings);
+    std::string name = plugin.text(effGetEffectName);
+    if (name.empty()) {
+        name = plugin.module().path();
+    }
+    if (!plugin.hasFlag(effFlagsHasEditor)) {
+        throw ToolError(name + " has no editor");
+    }
+
+    int width = kFallbackWidth;
+    int height = kFallbackHeight;
+    editorSize(plugin, width, height);
+    EditorWindow window(width, height, name);
+    plugin.host().resizeWindow = [&window](int newWidth, int newHeight) {
+        window.resize(newWidth, newHeight);
+        return true;
+    };
+    if (plugin.dispatch(effEditOpen, 0, 0, reinterpret_cast<void*>(window.id())) == 0 &&
+        !editorSize(plugin, width, height)) {
+        plugin.host().resizeWindow = nullptr;
+        throw ToolError(name + " did not open its editor");
+    }
+    if (editorSize(plugin, width, height)) {
+        window.resize(width, height);
+    }
+
+    const auto start = std::chrono::steady_clock::now();
+    const auto elapsed = [&start] {
+        return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
+    };
+    while (window.handleEvents() && (!timed || elapsed() < seconds)) {
+        plugin.dispatch(effEditIdle);
+        std::this_thread::sleep_for(kIdlePeriod);
+    }
+    plugin.dispatch(effEditIdle);
+
+    CairoSurface picture;
+    if (screenshot) {
+        picture = window.capture();
+    }
+    plugin.dispatch(effEditClose);
+    plugin.host().resizeWindow = nullptr;
+    if (screenshot) {
+        writePng(picture.get(), *screenshot);
+        screenshot->commit();
+        std::fprintf(results(), "wrote %s\n", screenshot->path().c_str());
+    }
+    return 0;
+}
+
+} // namespace
+
+Command editorCommand() {
+    std::vector<OptionSpec> options = settingsOptions();
+    options.push_back({"seconds", "S",
+                       "close the editor after S seconds (default: when the "
+                       "window is closed)"});
+    options.push_back({"screenshot", "FILE.png", "save the editor's pixels before it closes"});
+    return {"editor", "", "open the plug-in's editor in a window of its own", options, runEditor};
+}

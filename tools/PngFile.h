@@ -1,0 +1,9 @@
+// Writes a Cairo image as PNG to the temporary name of a pending output.
+#pragma once
+
+#include "PendingOutput.h"
+
+#include <cairo.h>
+
+// Throws ToolError when the file cannot be written.
+void writePng(cairo_surface_t* surface, const PendingOutput& output);

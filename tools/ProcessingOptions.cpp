@@ -1,0 +1,23 @@
+#include "Commands.h"
+#include "PluginModule.h"
+#include "PluginSettings.h"
+
+namespace {
+constexpr long kDefaultBlockSize = 512;
+constexpr long kLargestBlockSize = 65536;
+} // namespace
+
+std::string ToolContext::pluginPath() const {
+    return pluginOption.empty() ? defaultPluginPath() : pluginOption;
+}
+
+std::vector<OptionSpec> processingOptions() {
+    std::vector<OptionSpec> options = settingsOptions();
+    options.push_back({"block", "N", "frames per process call (512)"});
+    options.push_back({"double", nullptr, "process with 64-bit samples (processDoubleReplacing)"});
+    return options;
+}
+
+int readBlockSize(const CommandLine& commandLine) {
+    return static_cast<int>(commandLine.integer("block", kDefaultBlockSize, 1, kLargestBlockSize));
+}

@@ -1,0 +1,97 @@
+// zephyra: a command-line host for Linux VST 2.4 plug-ins. It renders audio through a
+// plug-in, plots its response, measures its speed and opens its editor.
+#include "Commands.h"
+#include "ResultStream.h"
+#include "ToolError.h"
+
+#include <cstdio>
+#include <exception>
+#include <string>
+#include <vector>
+
+namespace {
+
+constexpr int kExitFailure = 1;
+constexpr int kExitUsage = 2;
+
+std::vector<Command> allCommands() {
+    return {infoCommand(), renderCommand(), plotCommand(), benchCommand(), editorCommand()};
+}
+
+void printOptions(std::FILE* out, const std::vector<OptionSpec>& options) {
+    for (const OptionSpec& option : options) {
+        std::string name = std::string("--") + option.name;
+        if (option.valueName != nullptr) {
+            name += std::string(" ") + option.valueName;
+        }
+        std::fprintf(out, "      %-22s %s\n", name.c_str(), option.help);
+    }
+}
+
+void printUsage(std::FILE* out) {
+    std::fprintf(out, "usage: zephyra [--plugin PATH] COMMAND [ARGUMENTS] [OPTIONS]\n\n"
+                      "The plug-in is PATH, else Zephyra.so beside this program, else "
+                      "~/.vst/Zephyra.so.\n\n");
+    for (const Command& command : allCommands()) {
+        std::fprintf(out, "  %s %s\n      %s\n", command.name, command.arguments, command.summary);
+        printOptions(out, command.options);
+        std::fputc('\n', out);
+    }
+}
+
+// Takes `--plugin PATH` out of the arguments wherever it stands.
+std::string extractPluginOption(std::vector<std::string>& arguments) {
+    std::string plugin;
+    for (std::size_t i = 0; i < arguments.size();) {
+        if (arguments[i] == "--plugin") {
+            if (i + 1 == arguments.size()) {
+                throw UsageError("option --plugin needs a value (PATH)");
+            }
+            plugin = arguments[i + 1];
+            arguments.erase(arguments.begin() + i, arguments.begin() + i + 2);
+        } else if (arguments[i].rfind("--plugin=", 0) == 0) {
+            plugin = arguments[i].substr(9);
+            arguments.erase(arguments.begin() + i);
+        } else {
+            ++i;
+        }
+    }
+    return plugin;
+}
+
+int run(std::vector<std::string> arguments) {
+    const std::string plugin = extractPluginOption(arguments);
+    if (arguments.empty()) {
+        printUsage(stderr);
+        return kExitUsage;
+    }
+    if (arguments[0] == "--help" || arguments[0] == "-h" || arguments[0] == "help") {
+        printUsage(results());
+        return 0;
+    }
+    for (const Command& command : allCommands()) {
+        if (arguments[0] == command.name) {
+            const CommandLine commandLine(
+                std::vector<std::string>(arguments.begin() + 1, arguments.end()), command.options);
+            return command.run(commandLine, ToolContext(plugin));
+        }
+    }
+    throw UsageError("unknown command '" + arguments[0] + "' (zephyra --help lists them)");
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    reserveStdoutForResults();
+    int status = kExitFailure;
+    try {
+        status = run(std::vector<std::string>(argv + 1, argv + argc));
+    } catch (const UsageError& error) {
+        std::fprintf(stderr, "zephyra: %s\n", error.what());
+        status = kExitUsage;
+    } catch (const std::exception& error) {
+        std::fprintf(stderr, "zephyra: %s\n", error.what());
+    }
+    std::fflush(results());
+    return status;
+}
