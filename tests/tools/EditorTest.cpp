@@ -1,0 +1,53 @@
+// The editor mode against a third-party editor that draws under a virtual X server.
+#include "ToolRunner.h"
+
+#include <cairo.h>
+#include <cstdlib>
+#include <gtest/gtest.h>
+#include <set>
+#include <unistd.h>
+
+namespace {
+
+const std::string kZamEq2 = "/usr/lib/vst/ZamEQ2-vst.so";
+
+// How many different colours a picture holds: a blank or unpainted window has one or two.
+std::size_t distinctColours(cairo_surface_t* picture) {
+    cairo_surface_flush(picture);
+    const unsigned char* data = cairo_image_surface_get_data(picture);
+    const int stride = cairo_image_surface_get_stride(picture);
+    std::set<uint32_t> colours;
+    for (int y = 0; y < cairo_image_surface_get_height(picture); ++y) {
+        const auto* row = reinterpret_cast<const uint32_t*>(data + y * stride);
+        for (int x = 0; x < cairo_image_surface_get_width(picture); ++x) {
+            colours.insert(row[x] & 0xFFFFFF);
+        }
+    }
+    return colours.size();
+}
+
+TEST(Editor, ThirdPartyEditorDrawsIntoOurWindow) {
+    if (std::getenv("DISPLAY") == nullptr) {
+        GTEST_SKIP() << "no X display; run under xvfb-run";
+    }
+    if (access(kZamEq2.c_str(), R_OK) != 0) {
+        GTEST_SKIP() << kZamEq2 << " is not installed (Debian package zam-plugins)";
+    }
+    ScratchFolder folder;
+    const ToolRun run = runZephyra({"--plugin", kZamEq2, "editor", "--seconds", "1.5",
+                                    "--screenshot", folder.file("editor.png")});
+    ASSERT_EQ(run.exitCode, 0) << run.err;
+    EXPECT_NE(run.out.find("wrote " + folder.file("editor.png")), std::string::npos);
+
+    cairo_surface_t* picture =
+        cairo_image_surface_create_from_png(folder.file("editor.png").c_str());
+    ASSERT_EQ(cairo_surface_status(picture), CAIRO_STATUS_SUCCESS);
+    // The window took the size the editor asked for, not our fallback.
+    EXPECT_NE(cairo_image_surface_get_width(picture), 400);
+    EXPECT_GT(cairo_image_surface_get_width(picture), 100);
+    EXPECT_GT(cairo_image_surface_get_height(picture), 100);
+    EXPECT_GT(distinctColours(picture), 50u);
+    cairo_surface_destroy(picture);
+}
+
+} // namespace

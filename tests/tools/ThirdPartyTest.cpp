@@ -1,0 +1,159 @@
+// The tool against a plug-in it knows nothing about: a mono equaliser from Debian's
+// zam-plugins, which exports only the legacy entry name.
+#include "InfoJson.h"
+#include "TestAudio.h"
+#include "ToolRunner.h"
+
+#include <cmath>
+#include <cstring>
+#include <gtest/gtest.h>
+#include <unistd.h>
+
+namespace {
+
+const std::string kZamEq2 = "/usr/lib/vst/ZamEQ2-vst.so";
+
+class ThirdPartyPlugin : public testing::Test {
+protected:
+    void SetUp() override {
+        if (access(kZamEq2.c_str(), R_OK) != 0) {
+            GTEST_SKIP() << kZamEq2 << " is not installed (Debian package zam-plugins)";
+        }
+    }
+
+    static ToolRun zam(std::vector<std::string> arguments) {
+        arguments.insert(arguments.begin(), {"--plugin", kZamEq2});
+        return runZephyra(arguments);
+    }
+
+    ScratchFolder folder;
+};
+
+TestAudio sine(int channels, double frequency, int sampleRate, int64_t frames) {
+    TestAudio audio{channels, sampleRate, std::vector<float>(channels * frames)};
+    for (int64_t frame = 0; frame < frames; ++frame) {
+        const float value =
+            static_cast<float>(0.1 * std::sin(2.0 * M_PI * frequency * frame / sampleRate));
+        for (int channel = 0; channel < channels; ++channel) {
+            audio.samples[frame * channels + channel] = value;
+        }
+    }
+    return audio;
+}
+
+TEST_F(ThirdPartyPlugin, InfoListsEveryParameter) {
+    const ToolRun run = zam({"info", "--json"});
+    ASSERT_EQ(run.exitCode, 0) << run.err;
+    EXPECT_EQ(jsonField(run.out, "inputs"), "1");
+    EXPECT_EQ(jsonField(run.out, "outputs"), "1");
+    EXPECT_EQ(jsonField(run.out, "name", parameterPosition(run.out, 0)), "Boost/Cut 1");
+    EXPECT_EQ(jsonField(run.out, "name", parameterPosition(run.out, 9)), "Frequency H");
+    EXPECT_EQ(jsonField(run.out, "label", parameterPosition(run.out, 2)), "Hz");
+    EXPECT_NE(parameterPosition(run.out, 11), std::string::npos);
+    EXPECT_EQ(parameterPosition(run.out, 12), std::string::npos);
+
+    const ToolRun table = zam({"info"});
+    ASSERT_EQ(table.exitCode, 0) << table.err;
+    EXPECT_NE(table.out.find("Frequency H"), std::string::npos);
+    EXPECT_NE(table.out.find("1 in, 1 out"), std::string::npos);
+}
+
+TEST_F(ThirdPartyPlugin, GainOnABandRaisesItsFrequencyInEveryChannel) {
+    constexpr int kRate = 48000;
+    writeAudio(folder.file("tone.wav"), sine(2, 1000.0, kRate, kRate));
+    const ToolRun flat = zam({"render", folder.file("tone.wav"), folder.file("flat.wav")});
+    const ToolRun boosted = zam({"render", folder.file("tone.wav"), folder.file("boosted.wav"),
+                                 "--set", "Frequency 1=1000", "--set", "Boost/Cut 1=+6"});
+    ASSERT_EQ(flat.exitCode, 0) << flat.err;
+    ASSERT_EQ(boosted.exitCode, 0) << boosted.err;
+
+    const TestAudio input = readAudio(folder.file("tone.wav"));
+    const TestAudio flatOut = readAudio(folder.file("flat.wav"));
+    const TestAudio boostedOut = readAudio(folder.file("boosted.wav"));
+    ASSERT_EQ(boostedOut.channels, 2);
+    ASSERT_GE(boostedOut.frames(), input.frames());
+    // Measured in the middle, away from the filters settling in.
+    for (int channel = 0; channel < 2; ++channel) {
+        const double inputLevel = rmsLevel(input, channel, kRate / 4, kRate / 2);
+        const double flatDb =
+            20.0 * std::log10(rmsLevel(flatOut, channel, kRate / 4, kRate / 2) / inputLevel);
+        const double boostDb =
+            20.0 * std::log10(rmsLevel(boostedOut, channel, kRate / 4, kRate / 2) / inputLevel);
+        EXPECT_NEAR(flatDb, 0.0, 0.1) << "channel " << channel;
+        EXPECT_NEAR(boostDb, 6.0, 0.5) << "channel " << channel;
+    }
+}
+
+TEST_F(ThirdPartyPlugin, MonoFileStaysMono) {
+    writeAudio(folder.file("mono.wav"), sine(1, 440.0, 44100, 4410));
+    const ToolRun run = zam({"render", folder.file("mono.wav"), folder.file("out.flac")});
+    ASSERT_EQ(run.exitCode, 0) << run.err;
+    const TestAudio output = readAudio(folder.file("out.flac"));
+    EXPECT_EQ(output.channels, 1);
+    EXPECT_EQ(output.sampleRate, 44100);
+}
+
+// Big-endian writers for a bank of the parameter-list kind.
+void putWord(std::string& bytes, uint32_t value) {
+    for (int shift = 24; shift >= 0; shift -= 8) {
+        bytes += static_cast<char>((value >> shift) & 0xFF);
+    }
+}
+
+void putFloat(std::string& bytes, float value) {
+    uint32_t bits;
+    std::memcpy(&bits, &value, sizeof bits);
+    putWord(bytes, bits);
+}
+
+TEST_F(ThirdPartyPlugin, BankOfParameterListsSetsTheProgram) {
+    const ToolRun before = zam({"info", "--json"});
+    ASSERT_EQ(before.exitCode, 0) << before.err;
+    std::string program = "CcnK";
+    putWord(program, 56 - 8 + 12 * 4);
+    program += "FxCk";
+    putWord(program, 1);
+    program += "ZEQ2";
+    putWord(program, 1);
+    putWord(program, 12);
+    std::string name = "Loud Mids";
+    name.resize(28, '\0');
+    program += name;
+    for (int index = 0; index < 12; ++index) {
+        putFloat(program,
+                 index == 0 ? 0.8f : static_cast<float>(parameterValue(before.out, index)));
+    }
+    std::string bank = "CcnK";
+    putWord(bank, static_cast<uint32_t>(156 - 8 + program.size()));
+    bank += "FxBk";
+    putWord(bank, 1);
+    bank += "ZEQ2";
+    putWord(bank, 1);
+    putWord(bank, 1);
+    bank += std::string(128, '\0');
+    writeText(folder.file("mids.fxb"), bank + program);
+
+    const ToolRun after = zam({"info", "--json", "--bank", folder.file("mids.fxb")});
+    ASSERT_EQ(after.exitCode, 0) << after.err;
+    EXPECT_FLOAT_EQ(static_cast<float>(parameterValue(after.out, 0)), 0.8f);
+    EXPECT_EQ(parameterDisplay(after.out, 0).substr(0, 3), "6.0");
+    EXPECT_NE(after.out.find("\"Loud Mids\""), std::string::npos);
+}
+
+TEST_F(ThirdPartyPlugin, BenchComparesAgainstAnotherPlugin) {
+    const ToolRun run =
+        zam({"bench", "--seconds", "0.05", "--repeat", "3", "--compare", FIXTURE_PASS_THROUGH});
+    ASSERT_EQ(run.exitCode, 0) << run.err;
+    // A mono plug-in on stereo noise runs twice, the stereo one once.
+    EXPECT_NE(run.out.find("ZamEQ2 (" + kZamEq2 + "), 2 instances, one per channel"),
+              std::string::npos)
+        << run.out;
+    EXPECT_NE(run.out.find("Fixture (" FIXTURE_PASS_THROUGH "), 1 instance"), std::string::npos)
+        << run.out;
+    const std::size_t ratio = run.out.find("ratio (compared / main, median time per frame): ");
+    ASSERT_NE(ratio, std::string::npos) << run.out;
+    EXPECT_GT(std::strtod(run.out.c_str() + run.out.find(": ", ratio) + 2, nullptr), 0.0);
+    EXPECT_NE(run.out.find("instances per core"), std::string::npos);
+}
+
+} // namespace

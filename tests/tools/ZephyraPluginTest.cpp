@@ -1,0 +1,312 @@
+// The tool against our own plug-in: what it renders must be exactly what the module gives
+// when driven directly, and what it plots must be the equaliser's analytic response.
+#include "CMultiEqualizer.h"
+#include "DirectPlugin.h"
+#include "FilterResponse.h"
+#include "InfoJson.h"
+#include "TestAudio.h"
+#include "ToolRunner.h"
+
+#include <algorithm>
+#include <cairo.h>
+#include <cmath>
+#include <cstring>
+#include <gtest/gtest.h>
+#include <sstream>
+
+namespace {
+
+const std::string kModule = ZEPHYRA_MODULE;
+
+ToolRun zephyra(std::vector<std::string> arguments) {
+    arguments.insert(arguments.begin(), {"--plugin", kModule});
+    return runZephyra(arguments);
+}
+
+void expectSameSamples(const TestAudio& actual, const TestAudio& expected) {
+    ASSERT_EQ(actual.channels, expected.channels);
+    ASSERT_EQ(actual.frames(), expected.frames());
+    for (std::size_t i = 0; i < actual.samples.size(); ++i) {
+        ASSERT_EQ(actual.samples[i], expected.samples[i]) << "sample " << i;
+    }
+}
+
+struct RenderCase {
+    const char* name;
+    int blockSize;
+    int program;
+    // Parameter index and the normalised value given with --set NAME=VALUEn.
+    std::vector<std::pair<int, float>> settings;
+};
+
+const char* const kParameterNames[] = {"ON/OFF", "Output", "Input", "Type1", "Gain1", "Freq1",
+                                       "Q1",     "Type2",  "Gain2", "Freq2", "Q2"};
+
+class RenderThroughOurPlugin : public testing::TestWithParam<RenderCase> {};
+
+TEST_P(RenderThroughOurPlugin, EqualsTheModuleDrivenDirectly) {
+    const RenderCase& scenario = GetParam();
+    ScratchFolder folder;
+    // An odd length, so the last block of input is a short one.
+    const TestAudio input = makeTestSignal(2, 44100, 44100 + 1001);
+    writeAudio(folder.file("in.wav"), input);
+    std::vector<std::string> arguments = {"render",
+                                          folder.file("in.wav"),
+                                          folder.file("out.wav"),
+                                          "--block",
+                                          std::to_string(scenario.blockSize),
+                                          "--program",
+                                          std::to_string(scenario.program)};
+    for (const auto& [index, value] : scenario.settings) {
+        char assignment[64];
+        std::snprintf(assignment, sizeof assignment, "%s=%.9gn", kParameterNames[index], value);
+        arguments.insert(arguments.end(), {"--set", assignment});
+    }
+    const ToolRun run = zephyra(arguments);
+    ASSERT_EQ(run.exitCode, 0) << run.err;
+    const TestAudio rendered = readAudio(folder.file("out.wav"));
+    // The tail is silence processed in whole blocks after the input.
+    ASSERT_GT(rendered.frames(), input.frames());
+    EXPECT_EQ((rendered.frames() - input.frames()) % scenario.blockSize, 0);
+
+    DirectPlugin direct(kModule, 44100.0f, scenario.blockSize);
+    direct.setProgram(scenario.program);
+    for (const auto& [index, value] : scenario.settings) {
+        direct.setParameter(index, value);
+    }
+    const TestAudio expected = direct.process(input, rendered.frames());
+    expectSameSamples(rendered, expected);
+
+    // The case must exercise the equaliser, not a pass-through.
+    double difference = 0.0;
+    for (int64_t frame = 0; frame < input.frames(); ++frame) {
+        difference =
+            std::max<double>(difference, std::fabs(rendered.at(frame, 0) - input.at(frame, 0)));
+    }
+    EXPECT_GT(difference, 0.01);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Tool, RenderThroughOurPlugin,
+    testing::Values(RenderCase{"FactoryProgram", 512, 1, {}},
+                    RenderCase{"ProgramRefinedBySettings", 256, 2, {{4, 0.75f}, {3, 0.5f}}},
+                    RenderCase{"SmallBlocksAndSteepBands",
+                               64,
+                               0,
+                               {{3, 0.5f}, {4, 1.0f}, {5, 0.1f}, {6, 0.8f}, {8, 0.0f}}}),
+    [](const testing::TestParamInfo<RenderCase>& info) { return std::string(info.param.name); });
+
+TEST(OurPlugin, DoublePrecisionRenderEqualsTheFloatOne) {
+    ScratchFolder folder;
+    writeAudio(folder.file("in.wav"), makeTestSignal(2, 48000, 30000));
+    const std::vector<std::string> common = {
+        "render", folder.file("in.wav"), "--program", "3", "--set", "Gain2=-9"};
+    std::vector<std::string> floatRun = common;
+    floatRun.push_back(folder.file("float.wav"));
+    std::vector<std::string> doubleRun = common;
+    doubleRun.insert(doubleRun.end(), {folder.file("double.wav"), "--double"});
+    ASSERT_EQ(zephyra(floatRun).exitCode, 0);
+    const ToolRun run = zephyra(doubleRun);
+    ASSERT_EQ(run.exitCode, 0) << run.err;
+    expectSameSamples(readAudio(folder.file("double.wav")), readAudio(folder.file("float.wav")));
+}
+
+TEST(OurPlugin, MonoInputFeedsBothInputsAndComesBackStereo) {
+    ScratchFolder folder;
+    const TestAudio mono = makeTestSignal(1, 44100, 8000);
+    writeAudio(folder.file("mono.wav"), mono);
+    const ToolRun run =
+        zephyra({"render", folder.file("mono.wav"), folder.file("out.wav"), "--program", "1"});
+    ASSERT_EQ(run.exitCode, 0) << run.err;
+    const TestAudio output = readAudio(folder.file("out.wav"));
+    ASSERT_EQ(output.channels, 2);
+
+    TestAudio stereo{2, 44100, {}};
+    for (float sample : mono.samples) {
+        stereo.samples.insert(stereo.samples.end(), {sample, sample});
+    }
+    DirectPlugin direct(kModule, 44100.0f, 512);
+    direct.setProgram(1);
+    expectSameSamples(output, direct.process(stereo, output.frames()));
+}
+
+struct DisplayCase {
+    const char* assignment;
+    int index;
+    double normalised;
+    double tolerance;
+    const char* display;
+};
+
+class SetInDisplayUnits : public testing::TestWithParam<DisplayCase> {};
+
+TEST_P(SetInDisplayUnits, LandsOnTheNormalisedValue) {
+    const ToolRun run = zephyra({"info", "--json", "--set", GetParam().assignment});
+    ASSERT_EQ(run.exitCode, 0) << run.err;
+    EXPECT_NEAR(parameterValue(run.out, GetParam().index), GetParam().normalised,
+                GetParam().tolerance);
+    EXPECT_EQ(parameterDisplay(run.out, GetParam().index), GetParam().display);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Tool, SetInDisplayUnits,
+    testing::Values(DisplayCase{"Gain1=+6", 4, 0.75, 1e-6, "6.0"},
+                    DisplayCase{"Gain2=-12dB", 8, 0.0, 0.0, "-12.0"},
+                    DisplayCase{"Freq1=2000", 5, 1980.0 / 19980.0, 1e-6, "2000.0"},
+                    DisplayCase{"Freq2=20000", 9, 1.0, 0.0, "20000.0"},
+                    DisplayCase{"Q1=2.5", 6, 2.2 / 9.7, 1e-6, "2.5"},
+                    DisplayCase{"Type1=PEAK", 3, 0.5, 0.0, "PEAK"},
+                    DisplayCase{"Type1=hi", 3, 1.0, 0.0, "Hi"},
+                    DisplayCase{"Type2=LOW", 7, 0.0, 0.0, "LOW"},
+                    // 6 dB per doubling: -6 dB is the factor 0.5 of the 0.001..2 range.
+                    DisplayCase{"Output=-6", 1, 0.499 / 1.999, 1e-4, "-6.0"},
+                    DisplayCase{"ON/OFF=OFF", 0, 0.0, 0.0, "OFF"}),
+    [](const testing::TestParamInfo<DisplayCase>& info) {
+        std::string name = info.param.assignment;
+        for (char& c : name) {
+            if (!std::isalnum(static_cast<unsigned char>(c))) {
+                c = '_';
+            }
+        }
+        return name;
+    });
+
+struct Band {
+    int type;
+    double gainDb, frequency, q;
+};
+
+struct PlotCase {
+    const char* name;
+    std::vector<std::string> settings;
+    double inputDb, outputDb;
+    Band bands[2];
+};
+
+// The engine set as the plug-in sets it for these values, asked for its exact response.
+double analyticMagnitudeDb(const PlotCase& scenario, double sampleRate, double frequency) {
+    CMultiEqualizer engine;
+    const tWAVEFORMATEX format{kWaveFormatIeeeFloat,
+                               2,
+                               static_cast<uint32_t>(sampleRate),
+                               static_cast<uint32_t>(sampleRate) * 8,
+                               8,
+                               32,
+                               0};
+    engine.SetMediaType(&format, 512);
+    const auto fixed = [](double value) { return static_cast<int>(value * 65536.0); };
+    engine.set_InputLevel(fixed(scenario.inputDb));
+    engine.set_OutputLevel(fixed(scenario.outputDb));
+    for (int band = 0; band < 2; ++band) {
+        engine.set_Type(band, scenario.bands[band].type);
+        engine.set_Gain(band, fixed(scenario.bands[band].gainDb));
+        engine.set_Freq(band, fixed(scenario.bands[band].frequency));
+        engine.set_Q(band, fixed(scenario.bands[band].q));
+    }
+    return ChainResponse(engine.GetChain(0), frequency).magnitudeDb;
+}
+
+class PlotOfOurPlugin : public testing::TestWithParam<PlotCase> {};
+
+TEST_P(PlotOfOurPlugin, AgreesWithTheAnalyticResponse) {
+    constexpr double kRate = 48000.0;
+    ScratchFolder folder;
+    std::vector<std::string> arguments = {"plot", folder.file("response.png"), "--csv",
+                                          folder.file("response.csv")};
+    for (const std::string& assignment : GetParam().settings) {
+        arguments.insert(arguments.end(), {"--set", assignment});
+    }
+    const ToolRun run = zephyra(arguments);
+    ASSERT_EQ(run.exitCode, 0) << run.err;
+
+    std::istringstream table(readText(folder.file("response.csv")));
+    std::string line;
+    std::getline(table, line);
+    EXPECT_EQ(line, "frequency_hz,magnitude_db,phase_degrees");
+    int points = 0;
+    double largestDb = 0.0;
+    while (std::getline(table, line)) {
+        double frequency = 0.0, magnitudeDb = 0.0;
+        ASSERT_EQ(std::sscanf(line.c_str(), "%lf,%lf", &frequency, &magnitudeDb), 2) << line;
+        EXPECT_NEAR(magnitudeDb, analyticMagnitudeDb(GetParam(), kRate, frequency), 0.1)
+            << "at " << frequency << " Hz";
+        largestDb = std::max(largestDb, std::fabs(magnitudeDb));
+        ++points;
+    }
+    EXPECT_GE(points, 500);
+    EXPECT_GT(largestDb, 5.0); // a flat line would agree with a flat mistake
+
+    cairo_surface_t* picture =
+        cairo_image_surface_create_from_png(folder.file("response.png").c_str());
+    EXPECT_EQ(cairo_surface_status(picture), CAIRO_STATUS_SUCCESS);
+    EXPECT_EQ(cairo_image_surface_get_width(picture), 900);
+    EXPECT_EQ(cairo_image_surface_get_height(picture), 500);
+    cairo_surface_destroy(picture);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Tool, PlotOfOurPlugin,
+    testing::Values(PlotCase{"NarrowBellAndHighShelf",
+                             {"Type1=PEAK", "Gain1=+9", "Freq1=100", "Q1=4", "Type2=Hi", "Gain2=-6",
+                              "Freq2=5000", "Q2=0.7", "Output=-3"},
+                             0.0,
+                             -3.0,
+                             {{1, 9.0, 100.0, 4.0}, {2, -6.0, 5000.0, 0.7}}},
+                    PlotCase{"LowShelfAndDeepNotchNearTheTop",
+                             {"Type1=LOW", "Gain1=+12", "Freq1=60", "Q1=0.5", "Type2=PEAK",
+                              "Gain2=-12", "Freq2=15000", "Q2=10", "Input=-6"},
+                             -6.0,
+                             0.0,
+                             {{0, 12.0, 60.0, 0.5}, {1, -12.0, 15000.0, 10.0}}}),
+    [](const testing::TestParamInfo<PlotCase>& info) { return std::string(info.param.name); });
+
+TEST(OurPlugin, ChunkBankBringsItsProgramsAndSelection) {
+    ScratchFolder folder;
+    // 64 records of 11 normalised values and a 28-byte name; the selected program rides in
+    // bytes 68..71, at the end of the first record's name.
+    std::string chunk(64 * 72, '\0');
+    for (int program = 0; program < 64; ++program) {
+        float values[11] = {1.0f, 0.49975f, 1.0f, 0.5f, program / 63.0f, 0.5f, 0.5f,
+                            0.0f, 0.5f,     0.5f, 0.5f};
+        std::memcpy(&chunk[program * 72], values, sizeof values);
+        const std::string name = "Test " + std::to_string(program);
+        std::memcpy(&chunk[program * 72 + 44], name.c_str(), name.size() + 1);
+    }
+    const int32_t selected = 42;
+    std::memcpy(&chunk[68], &selected, sizeof selected);
+    std::string bank(160, '\0');
+    bank.replace(0, 4, "CcnK");
+    bank.replace(8, 4, "FBCh");
+    bank.replace(16, 4, "VeEQ");
+    const uint32_t size = static_cast<uint32_t>(chunk.size());
+    for (int i = 0; i < 4; ++i) {
+        bank[156 + i] = static_cast<char>((size >> (24 - 8 * i)) & 0xFF);
+    }
+    writeText(folder.file("test.fxb"), bank + chunk);
+
+    const ToolRun run = zephyra({"info", "--json", "--bank", folder.file("test.fxb")});
+    ASSERT_EQ(run.exitCode, 0) << run.err;
+    EXPECT_EQ(jsonField(run.out, "currentProgram"), "42");
+    EXPECT_NEAR(parameterValue(run.out, 4), 42.0 / 63.0, 1e-6);
+    EXPECT_NE(run.out.find("\"Test 63\""), std::string::npos);
+}
+
+TEST(OurPlugin, IsTheDefaultPluginAndRendersTheDemo) {
+    ScratchFolder folder;
+    const ToolRun info = runZephyra({"info", "--json"});
+    ASSERT_EQ(info.exitCode, 0) << info.err;
+    EXPECT_EQ(jsonField(info.out, "name"), "Zephyra");
+    EXPECT_EQ(jsonField(info.out, "uniqueId"), "VeEQ");
+
+    const ToolRun demo = runZephyra(
+        {"render", "--demo", folder.file("demo.flac"), "--program", "1", "--rate", "44100"});
+    ASSERT_EQ(demo.exitCode, 0) << demo.err;
+    EXPECT_NE(demo.out.find("wrote " + folder.file("demo.flac")), std::string::npos);
+    const TestAudio output = readAudio(folder.file("demo.flac"));
+    EXPECT_EQ(output.channels, 2);
+    EXPECT_EQ(output.sampleRate, 44100);
+    EXPECT_GE(output.frames(), 7 * 44100);
+    EXPECT_GT(rmsLevel(output, 0, 0, output.frames()), 0.01);
+}
+
+} // namespace
