@@ -3,8 +3,9 @@
 
 extern "C" __attribute__((visibility("default"))) AEffect*
 VSTPluginMain(audioMasterCallback audioMaster) {
-    if (audioMaster(nullptr, audioMasterVersion, 0, 0, nullptr, 0.0f) == 0) {
-        return nullptr; // a host too old to talk to
+    // A host too old to talk to, or none at all.
+    if (!audioMaster || audioMaster(nullptr, audioMasterVersion, 0, 0, nullptr, 0.0f) == 0) {
+        return nullptr;
     }
     AudioEffect* effect = createEffectInstance(audioMaster);
     return effect ? effect->getAeffect() : nullptr;
