@@ -1,0 +1,90 @@
+// Helpers for driving the effect as the host and the editor would: a panel that records
+// what the effect tells it, and whole bank files built byte by byte.
+#pragma once
+
+#include "AZephyra.h"
+#include "RecordingHost.h"
+#include "TempFolder.h"
+
+#include <cstdint>
+#include <cstring>
+#include <string>
+#include <utility>
+#include <vector>
+
+class RecordingPanel : public ZephyraPanel {
+public:
+    void UpdateControl(int index, float value) override { controls.emplace_back(index, value); }
+    void UpdateModify() override { ++modifies; }
+
+    std::vector<std::pair<int, float>> controls;
+    int modifies = 0;
+};
+
+// An editor whose panel is always open.
+class PanelEditor : public ZephyraEditorBase {
+public:
+    explicit PanelEditor(AZephyra* effect) : ZephyraEditorBase(effect) { effect->setEditor(this); }
+    ZephyraPanel* GetPanel() override { return &panel; }
+
+    RecordingPanel panel;
+};
+
+inline ZephyraEditorBase* MakePanelEditor(AZephyra* effect) {
+    return new PanelEditor(effect);
+}
+
+inline RecordingPanel& PanelOf(AZephyra& effect) {
+    return static_cast<PanelEditor*>(effect.getEditor())->panel;
+}
+
+// The current program's record as the host would store it.
+inline ZephyraProgramRecord CurrentRecord(AZephyra& effect) {
+    void* data = nullptr;
+    effect.getChunk(&data, true);
+    ZephyraProgramRecord record;
+    std::memcpy(&record, data, sizeof(record));
+    return record;
+}
+
+inline std::string BankImage(AZephyra& effect) {
+    void* data = nullptr;
+    const int32_t size = effect.getChunk(&data, false);
+    return std::string(static_cast<const char*>(data), static_cast<size_t>(size));
+}
+
+inline std::string BigEndian(uint32_t value) {
+    return {static_cast<char>(value >> 24), static_cast<char>(value >> 16),
+            static_cast<char>(value >> 8), static_cast<char>(value)};
+}
+
+// A bank file of the opaque-chunk kind, with every header field a test may want to spoil.
+struct BankFileSpec {
+    std::string chunk;
+    uint32_t plugInId = static_cast<uint32_t>(kZephyraUniqueId);
+    const char* bankMagic = "FBCh";
+    uint32_t chunkSizeField = 0; // 0: the chunk's real size
+};
+
+inline std::string BankFileBytes(const BankFileSpec& spec) {
+    std::string bytes = "CcnK" + BigEndian(0) + spec.bankMagic + BigEndian(1) +
+                        BigEndian(spec.plugInId) + BigEndian(1) + BigEndian(64) +
+                        std::string(128, '\0');
+    const auto size = static_cast<uint32_t>(spec.chunk.size());
+    return bytes + BigEndian(spec.chunkSizeField ? spec.chunkSizeField : size) + spec.chunk;
+}
+
+// A bank image whose program 0 is recognisable: its name and its Gain1.
+inline std::string MarkedBank(const char* name, float gain1, int currentProgram = 0) {
+    AZephyraProgram bank;
+    SetProgramRecordName(bank[0], name);
+    bank[0].param[kParamGain1] = gain1;
+    bank.StoreProgramNumber(currentProgram);
+    return std::string(static_cast<const char*>(bank.data()), AZephyraProgram::kBytes);
+}
+
+// A preferences folder of the test's own, so that no user's default bank file takes part.
+struct IsolatedPreferences {
+    TempFolder folder;
+    ScopedEnv config{"XDG_CONFIG_HOME", folder.Path()};
+};
