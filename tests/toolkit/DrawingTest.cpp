@@ -1,0 +1,331 @@
+#include "BitmapResources.h"
+#include "CClientDC.h"
+#include "CDC.h"
+#include "CPaintDC.h"
+#include "FontCatalog.h"
+#include "HostFixture.h"
+#include "RecordingWnd.h"
+#include "TestImages.h"
+#include "WinMessages.h"
+#include "WinStyles.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <functional>
+
+namespace {
+
+constexpr std::uint32_t kRed = 0xFF0000;
+constexpr std::uint32_t kGreen = 0x00FF00;
+constexpr std::uint32_t kBlue = 0x0000FF;
+constexpr const char* kBundle = "test.drawing";
+constexpr int kBandsId = 7001;
+constexpr int kBrokenId = 7002;
+
+const std::vector<unsigned char>& Bands() {
+    static const std::vector<unsigned char> png = BandsPng(30, 40, {kRed, kGreen, kBlue});
+    return png;
+}
+
+const unsigned char kNotAPng[] = {1, 2, 3, 4};
+
+class DrawingTest : public ::testing::Test {
+protected:
+    void SetUp() override {
+        table[0] = {kBandsId, Bands().data(), Bands().size()};
+        table[1] = {kBrokenId, kNotAPng, sizeof kNotAPng};
+        AfxRegisterResources(kBundle, table, 2);
+        ASSERT_TRUE(strip.AttachImage(LoadBitmap0(kBandsId, kBundle)));
+        ASSERT_TRUE(carrier.CreateCompatibleDC(nullptr));
+        carrier.SelectObject(&strip);
+        ASSERT_TRUE(canvas.CreateBitmapDC(60, 120));
+    }
+    void TearDown() override { AfxUnregisterResources(kBundle); }
+
+    EmbeddedResource table[2];
+    CBitmap strip;
+    CDC carrier;
+    CDC canvas;
+};
+
+TEST_F(DrawingTest, FreshDcSelectionReturnsTheNothingSentinel) {
+    CDC dc;
+    CBitmap bitmap;
+    CBitmap* previous = dc.SelectObject(&bitmap);
+    EXPECT_EQ(previous, CDC::NoBitmap());
+    EXPECT_EQ(reinterpret_cast<std::uintptr_t>(previous), 1u);
+    EXPECT_EQ(dc.SelectObject(previous), &bitmap);
+    EXPECT_EQ(dc.GetSelectedBitmap(), nullptr);
+    EXPECT_EQ(dc.SelectObject(static_cast<CBitmap*>(nullptr)), CDC::NoBitmap());
+}
+
+TEST_F(DrawingTest, WholeImageBlitCopiesEveryBand) {
+    EXPECT_TRUE(canvas.BitBlt(0, 0, 30, 120, &carrier, 0, 0, SRCCOPY));
+    cairo_surface_t* pixels = canvas.GetBitmapSurface();
+    EXPECT_EQ(PixelOf(pixels, 5, 5), kRed);
+    EXPECT_EQ(PixelOf(pixels, 5, 60), kGreen);
+    EXPECT_EQ(PixelOf(pixels, 29, 119), kBlue);
+    EXPECT_EQ(AlphaOf(pixels, 40, 5), 0) << "outside the blit stays transparent";
+}
+
+TEST_F(DrawingTest, PartialBlitDrawsOnlyTheChosenFrame) {
+    canvas.BitBlt(10, 0, 30, 40, &carrier, 0, 40, SRCCOPY);
+    cairo_surface_t* pixels = canvas.GetBitmapSurface();
+    EXPECT_EQ(PixelOf(pixels, 10, 0), kGreen);
+    EXPECT_EQ(PixelOf(pixels, 39, 39), kGreen);
+    EXPECT_EQ(AlphaOf(pixels, 10, 40), 0);
+    EXPECT_EQ(AlphaOf(pixels, 9, 0), 0);
+}
+
+TEST_F(DrawingTest, OriginOffsetsDestinationAndSource) {
+    canvas.SetViewportOrg(5, 50);
+    carrier.SetViewportOrg(0, 80);
+    canvas.BitBlt(0, 0, 10, 10, &carrier, 0, 0, SRCCOPY);
+    EXPECT_EQ(PixelOf(canvas.GetBitmapSurface(), 5, 50), kBlue);
+    EXPECT_EQ(AlphaOf(canvas.GetBitmapSurface(), 4, 50), 0);
+}
+
+TEST_F(DrawingTest, DcWithASelectedBitmapIsNoDestination) {
+    CBitmap other;
+    canvas.SelectObject(&other);
+    EXPECT_TRUE(canvas.BitBlt(0, 0, 30, 40, &carrier, 0, 0, SRCCOPY));
+    canvas.SelectObject(CDC::NoBitmap());
+    EXPECT_EQ(AlphaOf(canvas.GetBitmapSurface(), 5, 5), 0);
+}
+
+TEST_F(DrawingTest, CompatibleDcHasNoContextToDrawInto) {
+    CDC compatible;
+    EXPECT_TRUE(compatible.CreateCompatibleDC(&canvas));
+    EXPECT_EQ(compatible.GetSafeContext(), nullptr);
+    EXPECT_TRUE(compatible.BitBlt(0, 0, 30, 40, &carrier, 0, 0, SRCCOPY));
+    compatible.FillSolidRect(CRect(0, 0, 5, 5), 0);
+}
+
+TEST_F(DrawingTest, OffScreenCompositionServesAsASource) {
+    CDC composed;
+    ASSERT_TRUE(composed.CreateBitmapDC(30, 40));
+    composed.BitBlt(0, 0, 30, 40, &carrier, 0, 80, SRCCOPY);
+    composed.FillSolidRect(CRect(0, 0, 10, 10), RGB(255, 255, 0));
+    canvas.BitBlt(20, 20, 30, 40, &composed, 0, 0, SRCCOPY);
+    EXPECT_EQ(PixelOf(canvas.GetBitmapSurface(), 25, 25), 0xFFFF00u);
+    EXPECT_EQ(PixelOf(canvas.GetBitmapSurface(), 45, 55), kBlue);
+}
+
+TEST_F(DrawingTest, BlitFromItselfUsesASnapshot) {
+    canvas.BitBlt(0, 0, 30, 120, &carrier, 0, 0, SRCCOPY);
+    canvas.BitBlt(0, 20, 30, 40, &canvas, 0, 0, SRCCOPY);
+    EXPECT_EQ(PixelOf(canvas.GetBitmapSurface(), 5, 55), kRed);
+    EXPECT_EQ(PixelOf(canvas.GetBitmapSurface(), 5, 65), kGreen);
+}
+
+TEST_F(DrawingTest, StretchBltScalesThePart) {
+    canvas.StretchBlt(0, 0, 60, 20, &carrier, 0, 40, 30, 40, SRCCOPY);
+    EXPECT_EQ(PixelOf(canvas.GetBitmapSurface(), 59, 19), kGreen);
+    EXPECT_EQ(AlphaOf(canvas.GetBitmapSurface(), 5, 25), 0);
+}
+
+TEST_F(DrawingTest, PartOutsideTheImageDrawsNothing) {
+    canvas.BitBlt(0, 0, 30, 40, &carrier, 0, 200, SRCCOPY);
+    EXPECT_EQ(AlphaOf(canvas.GetBitmapSurface(), 5, 5), 0);
+}
+
+TEST_F(DrawingTest, SourceWithoutImageDrawsNothing) {
+    CDC empty;
+    empty.CreateCompatibleDC(nullptr);
+    EXPECT_TRUE(canvas.BitBlt(0, 0, 30, 40, &empty, 0, 0, SRCCOPY));
+    EXPECT_EQ(AlphaOf(canvas.GetBitmapSurface(), 5, 5), 0);
+}
+
+TEST_F(DrawingTest, ResourceLoadersFindAndMeasureImages) {
+    ImageRef image = LoadImageRef(kBandsId);
+    ASSERT_NE(image, nullptr);
+    int width = 0, height = 0, rowBytes = 0;
+    GetBitmapSize0(image, &width, &height, &rowBytes);
+    EXPECT_EQ(width, 30);
+    EXPECT_EQ(height, 120);
+    EXPECT_EQ(rowBytes, 120);
+    cairo_surface_destroy(image);
+    GetBitmapSize0(nullptr, &width, &height, &rowBytes);
+    EXPECT_EQ(width, 0);
+    EXPECT_EQ(LoadBitmap0(kBandsId, "another.bundle"), nullptr);
+    EXPECT_EQ(LoadBitmap0(kBrokenId, kBundle), nullptr);
+}
+
+TEST_F(DrawingTest, LoadBitmapReportsMissingAndBrokenResources) {
+    testing::internal::CaptureStdout();
+    EXPECT_EQ(LoadBitmap(7999), nullptr);
+    EXPECT_EQ(LoadBitmap(kBrokenId), nullptr);
+    EXPECT_EQ(testing::internal::GetCapturedStdout(), "7999.png\nCan't load bitmap 7002;G\n");
+    testing::internal::CaptureStdout();
+    EXPECT_EQ(LoadImageRef(7999), nullptr);
+    EXPECT_EQ(testing::internal::GetCapturedStdout(), "");
+    CBitmap bitmap;
+    EXPECT_TRUE(bitmap.LoadBitmap(kBandsId));
+}
+
+class TextTest : public ::testing::Test {
+protected:
+    void SetUp() override {
+        ASSERT_TRUE(dc.CreateBitmapDC(200, 100));
+        dc.FillSolidRect(CRect(0, 0, 200, 100), RGB(255, 255, 255));
+    }
+    CDC dc;
+};
+
+TEST_F(TextTest, YNamesTheTopOfTheTextWithoutAFont) {
+    dc.ExtTextOut(4, 0, 0, nullptr, CString("HHH"));
+    const FontFace& face = DefaultFontFace();
+    const double baseline = face.ascender / face.unitsPerEm * 12;
+    const int last = LastInkRow(dc.GetBitmapSurface());
+    EXPECT_NEAR(last + 1, baseline, 1.0);
+    EXPECT_GE(FirstInkRow(dc.GetBitmapSurface()), 0);
+}
+
+TEST_F(TextTest, SelectedFontPlacesTheBaselineItsAscentBelowY) {
+    CFont font;
+    font.CreatePointFont(24, "Osaka");
+    ASSERT_NE(font.GetSafeHandle(), nullptr);
+    EXPECT_EQ(dc.SelectObject(&font), CDC::NoFont());
+    EXPECT_EQ(dc.GetAscent(), font.GetAscent());
+    dc.ExtTextOut(4, 30, 0, nullptr, CString("HHH"));
+    EXPECT_NEAR(LastInkRow(dc.GetBitmapSurface()) + 1, 30 + font.GetAscent(), 1.0);
+}
+
+TEST_F(TextTest, TextColourAndOpaqueBackground) {
+    dc.SetTextColor(RGB(0, 0, 200));
+    dc.SetBkColor(RGB(10, 20, 30));
+    const CRect box(100, 50, 190, 90);
+    dc.ExtTextOut(100, 60, ETO_OPAQUE, &box, CString(""));
+    EXPECT_EQ(PixelOf(dc.GetBitmapSurface(), 150, 52), 0x0A141Eu);
+    EXPECT_EQ(PixelOf(dc.GetBitmapSurface(), 99, 52), 0xFFFFFFu);
+}
+
+TEST_F(TextTest, ExtentsGrowWithTheTextAndTheFont) {
+    const CSize one = dc.GetTextExtent(CString("W"));
+    const CSize two = dc.GetTextExtent(CString("WW"));
+    EXPECT_GT(one.cx, 0);
+    EXPECT_NEAR(two.cx, 2 * one.cx, 1);
+    EXPECT_EQ(two.cy, one.cy);
+    CFont large;
+    large.CreatePointFont(30, "Osaka");
+    dc.SelectObject(&large);
+    const CSize bigger = dc.GetTextExtent(CString("W"));
+    EXPECT_GT(bigger.cx, one.cx);
+    EXPECT_GT(bigger.cy, one.cy);
+    EXPECT_EQ(dc.GetTextExtent("WWW", 1), bigger);
+}
+
+TEST_F(TextTest, DeselectingTheFontReturnsToTheDefault) {
+    CFont large;
+    large.CreatePointFont(30, "Osaka");
+    const CSize plain = dc.GetTextExtent(CString("W"));
+    CFont* previous = dc.SelectObject(&large);
+    EXPECT_EQ(dc.SelectObject(previous), &large);
+    EXPECT_EQ(dc.GetTextExtent(CString("W")), plain);
+}
+
+TEST(CFont, PointFontMetricsComeFromTheFace) {
+    CFont font;
+    EXPECT_TRUE(font.CreatePointFont(12, "Osaka"));
+    ASSERT_NE(font.GetFace(), nullptr);
+    const FontFace& face = *font.GetFace();
+    EXPECT_EQ(font.GetAscent(), static_cast<int>(face.ascender / face.unitsPerEm * 12 - 2.0));
+    EXPECT_EQ(font.GetLineHeight(),
+              static_cast<int>(face.boundingBoxHeight / face.unitsPerEm * 12));
+    EXPECT_GT(font.GetLineHeight(), font.GetAscent());
+    EXPECT_EQ(font.GetFaceName(), "Osaka");
+    EXPECT_EQ(font.GetPointSize(), 12);
+}
+
+TEST(CFont, MissingFaceReportsAndLeavesNoHandle) {
+    CFont font;
+    testing::internal::CaptureStdout();
+    EXPECT_TRUE(font.CreatePointFont(12, "NoSuchFaceAnywhere"));
+    EXPECT_EQ(testing::internal::GetCapturedStdout(),
+              "CGFontCreateWithFontName error(NoSuchFaceAnywhere)\n");
+    EXPECT_EQ(font.GetSafeHandle(), nullptr);
+}
+
+// A window that paints through CPaintDC with whatever the test asks for.
+class PaintingWnd : public RecordingWnd {
+public:
+    std::function<void(CPaintDC&)> paint;
+    LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override {
+        if (message == WM_PAINT && paint) {
+            CPaintDC dc(this);
+            paint(dc);
+        }
+        return RecordingWnd::WindowProc(message, wParam, lParam);
+    }
+};
+
+class WindowDrawingTest : public HostFixture {
+protected:
+    void SetUp() override {
+        HostFixture::SetUp();
+        ASSERT_TRUE(wnd.CreateChild(&frame, CRect(0, 0, 100, 100)));
+    }
+    PaintingWnd wnd;
+};
+
+TEST_F(WindowDrawingTest, PaintDcCoversTheClientAreaAndShowsIt) {
+    CSize seen;
+    wnd.paint = [&](CPaintDC& dc) {
+        seen = dc.GetSize();
+        EXPECT_EQ(dc.GetPaintRect(), CRect(0, 0, 100, 100));
+        dc.FillSolidRect(CRect(0, 0, 100, 100), RGB(0, 128, 0));
+    };
+    driver.Pump();
+    EXPECT_EQ(seen, CSize(100, 100));
+    EXPECT_EQ(driver.PixelAt(&wnd, 50, 50), 0x008000u);
+}
+
+TEST_F(WindowDrawingTest, ClientDcDrawsOutsideThePaint) {
+    driver.Pump();
+    {
+        CClientDC dc(&wnd);
+        ASSERT_NE(dc.GetSafeContext(), nullptr);
+        dc.FillSolidRect(CRect(10, 10, 20, 20), RGB(0, 0, 255));
+    }
+    EXPECT_EQ(driver.PixelAt(&wnd, 15, 15), 0x0000FFu);
+    EXPECT_EQ(driver.PixelAt(&wnd, 25, 25), 0xFFFFFFu);
+}
+
+TEST_F(WindowDrawingTest, ClientDcOfAHiddenWindowDrawsNothing) {
+    driver.Pump();
+    wnd.ShowWindow(SW_HIDE);
+    CClientDC dc(&wnd);
+    EXPECT_EQ(dc.GetSafeContext(), nullptr);
+    dc.FillSolidRect(CRect(0, 0, 100, 100), 0);
+}
+
+TEST_F(WindowDrawingTest, SelectingAFontSetsTheWindowFont) {
+    CFont font;
+    font.CreatePointFont(20, "Osaka");
+    wnd.paint = [&](CPaintDC& dc) { dc.SelectObject(&font); };
+    driver.Pump();
+    EXPECT_EQ(wnd.GetFont()->GetPointSize(), 20);
+}
+
+TEST_F(WindowDrawingTest, BlitFromAWindowDcWithoutImageIsTraced) {
+    wnd.paint = [&](CPaintDC& dc) {
+        CDC nothing;
+        dc.BitBlt(0, 0, 10, 10, &nothing, 0, 0, SRCCOPY);
+    };
+    testing::internal::CaptureStdout();
+    driver.Pump();
+    EXPECT_EQ(testing::internal::GetCapturedStdout(), "BitBlt null \x80r\x80n");
+}
+
+TEST_F(WindowDrawingTest, DisplayDcExistsOnlyWithADisplay) {
+    CDC display;
+    EXPECT_TRUE(display.CreateDC("DISPLAY"));
+    EXPECT_EQ(display.GetSize(), CSize(1024, 1024));
+    frame.SetNativeHandle(nullptr);
+    CDC none;
+    EXPECT_TRUE(none.CreateDC("DISPLAY"));
+    EXPECT_EQ(none.GetSafeContext(), nullptr);
+}
+
+} // namespace

@@ -1,0 +1,23 @@
+// A bitmap: one image (a Cairo ARGB32 image surface, premultiplied alpha) that the bitmap
+// owns and releases. Bitmaps are sources of blits; selected into a DC they only carry the
+// image.
+#pragma once
+
+#include "CGdiObject.h"
+#include "WinTypes.h"
+
+#include <cairo.h>
+
+using ImageRef = cairo_surface_t*;
+
+class CBitmap : public CGdiObject {
+public:
+    ~CBitmap() override;
+
+    // Loads the module's resource with this number; false when it is missing.
+    bool LoadBitmap(UINT resourceId);
+    // Takes over an image (the bitmap releases it); null detaches.
+    bool AttachImage(ImageRef image);
+    ImageRef GetImage() const { return static_cast<ImageRef>(m_hObject); }
+    void DeleteObject();
+};

@@ -1,0 +1,11 @@
+// Drawing outside WM_PAINT; shows what it drew when it goes. A window that cannot draw
+// (hidden, or not on screen) gives a DC on which every drawing does nothing.
+#pragma once
+
+#include "CDC.h"
+
+class CClientDC : public CDC {
+public:
+    explicit CClientDC(CWnd* wnd);
+    ~CClientDC() override;
+};

@@ -1,0 +1,115 @@
+#include "CDC.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace {
+
+void SetSourceColor(cairo_t* cr, COLORREF color) {
+    cairo_set_source_rgb(cr, GetRValue(color) / 255.0, GetGValue(color) / 255.0,
+                         GetBValue(color) / 255.0);
+}
+
+void RoundRectPath(cairo_t* cr, double left, double top, double width, double height,
+                   double radius) {
+    radius = std::min({radius, width / 2.0, height / 2.0});
+    const double right = left + width;
+    const double bottom = top + height;
+    cairo_new_sub_path(cr);
+    cairo_arc(cr, right - radius, top + radius, radius, -M_PI / 2.0, 0.0);
+    cairo_arc(cr, right - radius, bottom - radius, radius, 0.0, M_PI / 2.0);
+    cairo_arc(cr, left + radius, bottom - radius, radius, M_PI / 2.0, M_PI);
+    cairo_arc(cr, left + radius, top + radius, radius, M_PI, 1.5 * M_PI);
+    cairo_close_path(cr);
+}
+
+} // namespace
+
+void CDC::FillSolidRect(const RECT& rect, COLORREF color) {
+    cairo_t* cr = GetSafeContext();
+    if (!cr)
+        return;
+    CRect box(rect);
+    box.OffsetRect(m_origin);
+    cairo_save(cr);
+    SetSourceColor(cr, color);
+    cairo_rectangle(cr, box.left, box.top, box.Width(), box.Height());
+    cairo_fill(cr);
+    cairo_restore(cr);
+    Touch(box);
+}
+
+void CDC::FillRoundRect(const RECT& rect, double radius, COLORREF color) {
+    cairo_t* cr = GetSafeContext();
+    if (!cr)
+        return;
+    CRect box(rect);
+    box.OffsetRect(m_origin);
+    cairo_save(cr);
+    SetSourceColor(cr, color);
+    RoundRectPath(cr, box.left, box.top, box.Width(), box.Height(), radius);
+    cairo_fill(cr);
+    cairo_restore(cr);
+    Touch(box);
+}
+
+// The outline runs on the pixel centres just inside the rectangle, so it stays crisp.
+void CDC::FrameRoundRect(const RECT& rect, double radius, COLORREF color, double lineWidth) {
+    cairo_t* cr = GetSafeContext();
+    if (!cr)
+        return;
+    CRect box(rect);
+    box.OffsetRect(m_origin);
+    const double inset = lineWidth / 2.0;
+    cairo_save(cr);
+    SetSourceColor(cr, color);
+    cairo_set_line_width(cr, lineWidth);
+    RoundRectPath(cr, box.left + inset, box.top + inset, box.Width() - lineWidth,
+                  box.Height() - lineWidth, radius);
+    cairo_stroke(cr);
+    cairo_restore(cr);
+    Touch(box);
+}
+
+void CDC::DrawLine(double x1, double y1, double x2, double y2, COLORREF color, double lineWidth) {
+    cairo_t* cr = GetSafeContext();
+    if (!cr)
+        return;
+    cairo_save(cr);
+    SetSourceColor(cr, color);
+    cairo_set_line_width(cr, lineWidth);
+    cairo_set_line_cap(cr, CAIRO_LINE_CAP_ROUND);
+    cairo_move_to(cr, x1 + m_origin.x, y1 + m_origin.y);
+    cairo_line_to(cr, x2 + m_origin.x, y2 + m_origin.y);
+    cairo_stroke(cr);
+    cairo_restore(cr);
+    const int grow = static_cast<int>(std::ceil(lineWidth)) + 1;
+    CRect box(static_cast<int>(std::min(x1, x2)), static_cast<int>(std::min(y1, y2)),
+              static_cast<int>(std::max(x1, x2)), static_cast<int>(std::max(y1, y2)));
+    box.OffsetRect(m_origin);
+    box.InflateRect(grow, grow);
+    Touch(box);
+}
+
+void CDC::FillPolygon(const POINT* points, int count, COLORREF color) {
+    cairo_t* cr = GetSafeContext();
+    if (!cr || !points || count < 3)
+        return;
+    cairo_save(cr);
+    SetSourceColor(cr, color);
+    CRect box(points[0].x, points[0].y, points[0].x, points[0].y);
+    for (int i = 0; i < count; ++i) {
+        const double px = points[i].x + m_origin.x;
+        const double py = points[i].y + m_origin.y;
+        if (i == 0)
+            cairo_move_to(cr, px, py);
+        else
+            cairo_line_to(cr, px, py);
+        box.UnionRect(box, CRect(points[i].x, points[i].y, points[i].x + 1, points[i].y + 1));
+    }
+    cairo_close_path(cr);
+    cairo_fill(cr);
+    cairo_restore(cr);
+    box.OffsetRect(m_origin);
+    Touch(box);
+}
