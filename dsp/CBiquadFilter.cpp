@@ -11,6 +11,12 @@ constexpr float kTwoPi = 6.2831855f;
 // Fraction of the Nyquist frequency that the design frequency may reach.
 constexpr float kNyquistFraction = 0.95f;
 
+// Fraction of the sample rate below which single precision cannot place a section:
+// cos(w0) rounds so close to 1 that a pole leaves the unit circle and the output grows
+// without bound (at 20 Hz this starts a little above 192 kHz). At 192 kHz and below the
+// floor stays under the equaliser's lowest frequency, so those designs are unchanged.
+constexpr float kLowestRateFraction = 1.04e-4f;
+
 } // namespace
 
 // Until its first design a section passes the signal through unchanged, so nothing
@@ -30,9 +36,10 @@ void CBiquadFilter::Reset() {
 
 void CBiquadFilter::CalcCoefficients(float sampleRate, float freq, float gainDb, float q,
                                      int type) {
-    // Frequencies near Nyquist are pulled down to 95 % of it; there is no lower limit.
+    // Frequencies near Nyquist are pulled down to 95 % of it; frequencies too low for the
+    // rate are raised to the lowest one that still designs a stable section.
     const float limit = 0.5f * sampleRate * kNyquistFraction;
-    const float f = std::min(limit, freq);
+    const float f = std::max(std::min(limit, freq), sampleRate * kLowestRateFraction);
 
     const float A = static_cast<float>(std::pow(10.0, gainDb / 40.0f));
     const double w0 = (f / sampleRate) * kTwoPi;
