@@ -13,6 +13,13 @@ bool isProgram(int program) {
 
 constexpr size_t kParameterBytes = sizeof(float) * kNumParams;
 
+// Copies at most what fits, and nothing at all from a null or empty chunk.
+void copyChunk(void* target, size_t capacity, const void* data, int32_t byteSize) {
+    if (data && byteSize > 0) {
+        std::memcpy(target, data, std::min(static_cast<size_t>(byteSize), capacity));
+    }
+}
+
 } // namespace
 
 // Out-of-range numbers (hosts send -1) are ignored.
@@ -71,11 +78,10 @@ int32_t AZephyra::getChunk(void** data, bool isPreset) {
 // A chunk never writes past the bank or the record: a short one changes only what it
 // covers, a long one is cut. A current program number outside the bank keeps the present one.
 int32_t AZephyra::setChunk(void* data, int32_t byteSize, bool isPreset) {
-    const size_t size = data && byteSize > 0 ? static_cast<size_t>(byteSize) : 0;
     if (isPreset) {
-        std::memcpy(&m_currentBank[curProgram], data, std::min(size, sizeof(ZephyraProgramRecord)));
+        copyChunk(&m_currentBank[curProgram], sizeof(ZephyraProgramRecord), data, byteSize);
     } else {
-        std::memcpy(m_currentBank.data(), data, std::min(size, AZephyraProgram::kBytes));
+        copyChunk(m_currentBank.data(), AZephyraProgram::kBytes, data, byteSize);
         const int stored = m_currentBank.GetStoredProgramNumber();
         if (isProgram(stored)) {
             curProgram = stored;
