@@ -101,19 +101,17 @@ void CBiquadFilter::CalcCoefficients(float sampleRate, float freq, float gainDb,
 }
 
 void CBiquadFilter::OperateFilter(const float* in, float* out, int count) {
-    // Any count is safe: each sample shifts the history by one, so a block of one sample
-    // followed by more blocks gives the same output as one larger block.
+    // Coefficients and history live in locals for the block: out may point anywhere, so the
+    // compiler would otherwise reload every member after each store. Any count is safe: each
+    // sample shifts the history by one, so a block of one sample followed by more blocks gives
+    // the same output as one larger block.
+    const BiquadCoefficients c = GetCoefficients();
+    BiquadHistory h = GetHistory();
     for (int n = 0; n < count; ++n) {
         const float x = in[n];
-        const float y = b0 * x + b1 * x1 + b2 * x2 - a1 * y1 - a2 * y2;
+        const float y = c.b0 * x + c.b1 * h.x1 + c.b2 * h.x2 - c.a1 * h.y1 - c.a2 * h.y2;
         out[n] = y;
-        x2 = x1;
-        x1 = x;
-        y2 = y1;
-        y1 = y;
+        h = {x, h.x1, y, h.y1};
     }
-}
-
-BiquadCoefficients CBiquadFilter::GetCoefficients() const {
-    return {a0, a1, a2, b0, b1, b2};
+    SetHistory(h);
 }

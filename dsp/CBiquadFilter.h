@@ -20,6 +20,14 @@ struct BiquadCoefficients {
     float b2;
 };
 
+// The four words of history a section carries from one block to the next.
+struct BiquadHistory {
+    float x1; // last input
+    float x2; // second-last input
+    float y1; // last output
+    float y2; // second-last output
+};
+
 class CBiquadFilter {
 public:
     CBiquadFilter();
@@ -34,7 +42,18 @@ public:
     // Filters count samples from in into out (direct form I). count <= 0 does nothing.
     void OperateFilter(const float* in, float* out, int count);
 
-    BiquadCoefficients GetCoefficients() const;
+    BiquadCoefficients GetCoefficients() const { return {a0, a1, a2, b0, b1, b2}; }
+
+    // For block loops that run several sections side by side: they take the history at the
+    // start of a block and hand it back at the end. Inline, as they sit on the path from one
+    // block's last sample to the next block's first.
+    BiquadHistory GetHistory() const { return {x1, x2, y1, y2}; }
+    void SetHistory(const BiquadHistory& history) {
+        x1 = history.x1;
+        x2 = history.x2;
+        y1 = history.y1;
+        y2 = history.y2;
+    }
 
 private:
     float a0;

@@ -203,9 +203,31 @@ bool CMultiEqualizer::SetMediaType(const tWAVEFORMATEX* format, int blockLength)
 bool CMultiEqualizer::Transform(const float* const* in, int count, float* const* out,
                                 int* produced) {
     CSingleLock lock(m_lock);
-    OperateMultiEqualizer(in, out, count);
+    if (RunsFused(in, out, count)) {
+        StereoPeaks peaks;
+        OperateFused(in, out, count, &peaks);
+    } else {
+        OperateMultiEqualizer(in, out, count);
+    }
     if (produced != nullptr) {
         *produced = count;
+    }
+    return true;
+}
+
+bool CMultiEqualizer::TransformMetered(const float* const* in, int count, float* const* out,
+                                       StereoPeaks* peaks) {
+    CSingleLock lock(m_lock);
+    if (RunsFused(in, out, count)) {
+        OperateFused(in, out, count, peaks);
+    } else if (LeavesBlocksAlone() && PlainStereoLayout(in, out, count)) {
+        CopyStereoMeasuringPeaks(in, out, count, peaks);
+    } else {
+        // Mono, or buffers that overlap in ways no host arranges: the copy, the staged path
+        // and a read-back of the output, one after the other.
+        CopyStereoMeasuringPeaks(in, out, count, peaks);
+        OperateMultiEqualizer(in, out, count);
+        MeasureOutputPeaks(out, count, peaks);
     }
     return true;
 }
@@ -280,16 +302,38 @@ int CMultiEqualizer::ProcessedChannelCount() const {
     return m_filtersReady && (channels == 1 || channels == 2) ? channels : 0;
 }
 
+// With both bands off the block is not touched at all, levels and detector included: the
+// caller's buffers keep what they held.
+bool CMultiEqualizer::LeavesBlocksAlone() const {
+    return (!m_bandActive[0] && !m_bandActive[1]) || ProcessedChannelCount() == 0 || !m_workReady;
+}
+
+bool CMultiEqualizer::RunsFused(const float* const* in, float* const* out, int count) const {
+    return count > 0 && !LeavesBlocksAlone() && ProcessedChannelCount() == 2 &&
+           PlainStereoLayout(in, out, count);
+}
+
+// The stereo path in one pass. It needs no working buffers, so blocks of any length run
+// whole; the detector only ever rises, from the output peaks the pass measured.
+void CMultiEqualizer::OperateFused(const float* const* in, float* const* out, int count,
+                                   StereoPeaks* peaks) {
+    StereoBands bands = {m_inputGain, m_outputGain, {}};
+    for (int band = 0; band < kBandCount; ++band) {
+        for (int channel = 0; channel < 2; ++channel) {
+            bands.sections[band][channel] = m_bandActive[band] ? &Filter(band, channel) : nullptr;
+        }
+    }
+    RunStereoBands(bands, in, out, count, peaks);
+    if (peaks->output[0] > m_overLevelThreshold || peaks->output[1] > m_overLevelThreshold) {
+        m_overLevel = true;
+    }
+}
+
 void CMultiEqualizer::OperateMultiEqualizer(const float* const* in, float* const* out, int count) {
-    // With both bands off the block is not touched at all, levels and detector included:
-    // the caller's buffers keep what they held.
-    if (!m_bandActive[0] && !m_bandActive[1]) {
+    if (LeavesBlocksAlone()) {
         return;
     }
     const int channels = ProcessedChannelCount();
-    if (channels == 0 || !m_workReady) {
-        return;
-    }
     // A block longer than the working buffers runs in consecutive pieces; the filters carry
     // their history across, so the result is the same as in one pass.
     for (int offset = 0; offset < count;) {

@@ -10,6 +10,7 @@
 
 #include "CBiquadFilter.h"
 #include "CCriticalSection.h"
+#include "StereoPass.h"
 #include "tWAVEFORMATEX.h"
 
 #include <memory>
@@ -70,6 +71,11 @@ public:
     // are not written at all when both bands are off.
     bool Transform(const float* const* in, int count, float* const* out, int* produced);
 
+    // The effect's whole stereo block in one pass: out receives the input, and then, as with
+    // Transform, the equalised block in its place. peaks measures the input as it arrives and
+    // the output as it ends up, the copy included when the engine leaves the block alone.
+    bool TransformMetered(const float* const* in, int count, float* const* out, StereoPeaks* peaks);
+
     // Clears every filter's history; the settings stay.
     bool Reset();
 
@@ -92,6 +98,9 @@ private:
     void DesignBand(int band);
     CBiquadFilter& Filter(int band, int channel) const;
     int ProcessedChannelCount() const;
+    bool LeavesBlocksAlone() const;
+    bool RunsFused(const float* const* in, float* const* out, int count) const;
+    void OperateFused(const float* const* in, float* const* out, int count, StereoPeaks* peaks);
     void OperateMultiEqualizer(const float* const* in, float* const* out, int count);
     void OperatePiece(const float* const* in, float* const* out, int offset, int count,
                       int channels);

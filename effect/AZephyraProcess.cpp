@@ -6,22 +6,9 @@
 #include <algorithm>
 #include <cmath>
 
-namespace {
-
-// The peak of |x| * factor over a block, compared in the order the samples arrive.
-void trackPeak(float& peak, float sample, float factor) {
-    const float level = std::fabs(sample) * factor;
-    if (level > peak) {
-        peak = level;
-    }
-}
-
-} // namespace
-
 void AZephyra::processReplacing(float** inputs, float** outputs, int32_t sampleFrames) {
     CSingleLock lock(m_lock);
     m_processCounter = static_cast<uint16_t>(m_processCounter + 1);
-    m_meterInL = m_meterInR = m_meterOutL = m_meterOutR = 0.0f;
 
     // The input meters read the signal after the Input level, which only ever attenuates.
     float inputFactor =
@@ -33,26 +20,24 @@ void AZephyra::processReplacing(float** inputs, float** outputs, int32_t sampleF
         inputFactor = 1.0f;
     }
 
-    const float* inL = inputs[0];
-    const float* inR = inputs[1];
-    float* outL = outputs[0];
-    float* outR = outputs[1];
-    for (int32_t i = 0; i < sampleFrames; ++i) {
-        trackPeak(m_meterInL, inL[i], inputFactor);
-        trackPeak(m_meterInR, inR[i], inputFactor);
-        // A clean pass-through when the equaliser is off.
-        outL[i] = inL[i];
-        outR[i] = inR[i];
-    }
-
+    // One pass copies the block to the output (a clean pass-through when the equaliser is
+    // off), equalises it in place of the copy and measures both ends. The meters scale the
+    // input peak once instead of every sample: rounding never reverses the order of two
+    // products with the same positive factor, so the largest product is the product of the
+    // largest magnitude.
+    StereoPeaks peaks;
     // Anything but exactly 0.0 counts as on, NaN included.
-    if (m_fParam[kParamOnOff] != 0.0f) {
-        int produced = sampleFrames;
-        m_engine->Transform(inputs, sampleFrames, outputs, &produced);
-        for (int32_t i = 0; i < sampleFrames; ++i) {
-            trackPeak(m_meterOutL, outL[i], 1.0f);
-            trackPeak(m_meterOutR, outR[i], 1.0f);
-        }
+    const bool on = m_fParam[kParamOnOff] != 0.0f;
+    if (on) {
+        m_engine->TransformMetered(inputs, sampleFrames, outputs, &peaks);
+    } else {
+        CopyStereoMeasuringPeaks(inputs, outputs, sampleFrames, &peaks);
+    }
+    m_meterInL = peaks.input[0] * inputFactor;
+    m_meterInR = peaks.input[1] * inputFactor;
+    if (on) {
+        m_meterOutL = peaks.output[0];
+        m_meterOutR = peaks.output[1];
     } else {
         // Kept: the output meters repeat the input meters, Input level factor included,
         // although the passed-through signal never had it applied.
