@@ -9,6 +9,8 @@ CFrameWnd::~CFrameWnd() {
 }
 
 bool CFrameWnd::SetNativeHandle(void* systemWindow) {
+    std::lock_guard<std::recursive_mutex> lock(AfxUiLock());
+    m_fallback.reset();
     DestroyChild();
     DetachView();
     m_systemWindow = systemWindow;
@@ -21,5 +23,14 @@ bool CFrameWnd::SetNativeHandle(void* systemWindow) {
     }
     MFCView0* expected = nullptr;
     hTempWnd.compare_exchange_strong(expected, view.get());
-    return AttachNativeView(std::move(view));
+    if (!AttachNativeView(std::move(view)))
+        return false;
+    m_fallback = std::make_unique<FallbackIdleDriver>();
+    return true;
+}
+
+void CFrameWnd::HostIdle() {
+    std::lock_guard<std::recursive_mutex> lock(AfxUiLock());
+    m_fallback.reset();
+    AfxPumpMessages();
 }

@@ -1,6 +1,7 @@
 #include "CHeadlessDriver.h"
 
 #include "CWnd.h"
+#include "KeyTranslation.h"
 #include "MFCView0.h"
 #include "MessagePump.h"
 #include "headless/HeadlessView.h"
@@ -108,7 +109,8 @@ void CHeadlessDriver::Key(unsigned keyCode, unsigned character) {
 
 void CHeadlessDriver::Type(const char* text) {
     for (const char* c = text; c && *c; ++c)
-        Key(0, static_cast<unsigned char>(*c));
+        Key(native::KeyCodeForCharacter(static_cast<unsigned char>(*c)),
+            static_cast<unsigned char>(*c));
 }
 
 cairo_surface_t* CHeadlessDriver::Snapshot(const CWnd* wnd) const {

@@ -42,7 +42,7 @@ public:
     void Click(CWnd* wnd, CPoint point);
     void DoubleClick(CWnd* wnd, CPoint point);
     void Key(unsigned keyCode, unsigned character = 0);
-    // Types printable ASCII text, one key per character.
+    // Types printable ASCII text, one key per character, with the keys' own key codes.
     void Type(const char* text);
     void SetModifiers(unsigned modifiers) { m_platform->SetModifiers(modifiers); }
 

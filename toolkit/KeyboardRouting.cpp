@@ -4,7 +4,7 @@
 #include "MFCView0.h"
 #include "WinMessages.h"
 
-void RouteKeyPress(CWnd* receiver, const native::KeyPress& key) {
+void RouteKeyPress(CWnd* receiver, const native::KeyInput& key) {
     MSG msg{receiver->GetSafeHwnd(),        WM_KEYDOWN,  key.keyCode,  1,
             static_cast<DWORD>(key.timeMs), POINT{0, 0}, key.character};
     for (CWnd* wnd = receiver; wnd; wnd = wnd->IsTopLevel() ? nullptr : wnd->GetParent()) {

@@ -7,4 +7,4 @@
 
 class CWnd;
 
-void RouteKeyPress(CWnd* receiver, const native::KeyPress& key);
+void RouteKeyPress(CWnd* receiver, const native::KeyInput& key);

@@ -296,7 +296,7 @@ void MFCView0::NativeMouse(native::MouseAction action, int x, int y, unsigned lo
     }
 }
 
-void MFCView0::NativeKey(const native::KeyPress& key) {
+void MFCView0::NativeKey(const native::KeyInput& key) {
     CWnd* receiver = pFocusWnd ? pFocusWnd : m_pWnd;
     if (receiver && receiver->AcceptsInput())
         RouteKeyPress(receiver, key);

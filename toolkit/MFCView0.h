@@ -81,7 +81,7 @@ private:
 
     void NativeExposed(const RECT& area) override;
     void NativeMouse(native::MouseAction action, int x, int y, unsigned long timeMs) override;
-    void NativeKey(const native::KeyPress& key) override;
+    void NativeKey(const native::KeyInput& key) override;
     void NativeFocusLost() override;
     void NativeResized(int width, int height) override;
     void NativeViewable(bool viewable) override;

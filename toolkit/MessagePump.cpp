@@ -5,6 +5,7 @@
 #include "MainThreadQueue.h"
 #include "PostedMessageRing.h"
 #include "headless/HeadlessPlatform.h"
+#include "x11/OpenX11Platform.h"
 
 #include <algorithm>
 #include <chrono>
@@ -17,8 +18,15 @@ namespace {
 // without waking it.
 constexpr int kModalPollMs = 5;
 
+// An X display when there is one; without, windows live in memory (off-screen rendering).
+std::shared_ptr<native::NativePlatform> OpenDefaultPlatform() {
+    if (auto display = native::OpenX11Platform())
+        return display;
+    return native::HeadlessPlatform::Shared();
+}
+
 PlatformFactory& Factory() {
-    static PlatformFactory factory = [] { return native::HeadlessPlatform::Shared(); };
+    static PlatformFactory factory = OpenDefaultPlatform;
     return factory;
 }
 

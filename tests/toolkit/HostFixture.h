@@ -1,5 +1,5 @@
 // A host window on the in-memory screen with the toolkit's frame wrapped around it, as an
-// editor has it once the host opened it.
+// editor has it once the host opened it and idled it once.
 #pragma once
 
 #include "CFrameWnd.h"
@@ -20,6 +20,8 @@ protected:
         host = driver.CreateHostWindow(
             CRect(kHostLeft, kHostTop, kHostLeft + kHostWidth, kHostTop + kHostHeight));
         ASSERT_TRUE(frame.SetNativeHandle(host));
+        // Like a host that idles its editor: the toolkit runs on this thread from now on.
+        frame.HostIdle();
     }
 
     void TearDown() override { frame.SetNativeHandle(nullptr); }

@@ -1,3 +1,4 @@
+#include "FallbackIdleDriver.h"
 #include "HostFixture.h"
 #include "RecordingWnd.h"
 #include "WinMessages.h"
@@ -152,6 +153,54 @@ TEST_F(ThreadTest, PostingWhileTheMainThreadPumps) {
     wnd.PostMessage(kFromWorker, 1, kPosts);
     driver.Pump();
     EXPECT_EQ(wnd.Only(kFromWorker).back().lParam, kPosts);
+}
+
+} // namespace
+
+namespace {
+
+TEST(FallbackIdle, RunsTheToolkitUntilTheHostIdles) {
+    CHeadlessDriver driver;
+    void* host = driver.CreateHostWindow(CRect(0, 0, 100, 100));
+    CFrameWnd frame;
+    RecordingWnd wnd;
+    {
+        std::lock_guard<std::recursive_mutex> lock(AfxUiLock());
+        ASSERT_TRUE(frame.SetNativeHandle(host));
+        ASSERT_TRUE(frame.IsFallbackRunning());
+        ASSERT_TRUE(wnd.CreateChild(&frame, CRect(0, 0, 10, 10)));
+        wnd.PostMessage(kFromWorker, 1, 0);
+    }
+    const auto deadline = Clock::now() + std::chrono::seconds(2);
+    bool delivered = false;
+    while (!delivered && Clock::now() < deadline) {
+        std::this_thread::sleep_for(std::chrono::milliseconds(5));
+        std::lock_guard<std::recursive_mutex> lock(AfxUiLock());
+        delivered = !wnd.Only(kFromWorker).empty() && !wnd.paintedAreas.empty();
+    }
+    EXPECT_TRUE(delivered) << "posts and painting run without the host";
+
+    frame.HostIdle();
+    EXPECT_FALSE(frame.IsFallbackRunning());
+    wnd.PostMessage(kFromWorker, 2, 0);
+    std::this_thread::sleep_for(std::chrono::milliseconds(50));
+    EXPECT_EQ(wnd.Only(kFromWorker).size(), 1u) << "after the first idle only the host drives";
+    frame.HostIdle();
+    EXPECT_EQ(wnd.Only(kFromWorker).size(), 2u);
+    std::lock_guard<std::recursive_mutex> lock(AfxUiLock());
+    wnd.DestroyWindow();
+    frame.SetNativeHandle(nullptr);
+}
+
+TEST(FallbackIdle, ClosingWithoutAnyIdleJoinsTheFallback) {
+    CHeadlessDriver driver;
+    void* host = driver.CreateHostWindow(CRect(0, 0, 100, 100));
+    CFrameWnd frame;
+    std::lock_guard<std::recursive_mutex> lock(AfxUiLock());
+    ASSERT_TRUE(frame.SetNativeHandle(host));
+    EXPECT_TRUE(frame.IsFallbackRunning());
+    frame.SetNativeHandle(nullptr);
+    EXPECT_FALSE(frame.IsFallbackRunning());
 }
 
 } // namespace

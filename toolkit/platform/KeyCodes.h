@@ -35,3 +35,13 @@ constexpr unsigned kModifierCommand = 0x0100;
 constexpr unsigned kModifierShift = 0x0200;
 constexpr unsigned kModifierOption = 0x0800;
 constexpr unsigned kModifierControl = 0x1000;
+
+// Keypad keys.
+constexpr unsigned kKeyPadDecimal = 65;
+constexpr unsigned kKeyPadMultiply = 67;
+constexpr unsigned kKeyPadAdd = 69;
+constexpr unsigned kKeyPadDivide = 75;
+constexpr unsigned kKeyPadSubtract = 78;
+constexpr unsigned kKeyPad0 = 82; // 0..7 follow in order; 8 is 91 and 9 is 92
+constexpr unsigned kKeyPad8 = 91;
+constexpr unsigned kKeyPad9 = 92;

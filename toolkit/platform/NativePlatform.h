@@ -14,7 +14,7 @@ namespace native {
 
 enum class MouseAction { Down, Up, Move };
 
-struct KeyPress {
+struct KeyInput {
     unsigned keyCode = 0;     // hardware key code (KeyCodes.h)
     unsigned character = 0;   // Unicode code point or control character typed, 0 for none
     unsigned long timeMs = 0; // event time, milliseconds on the backend's clock
@@ -29,7 +29,7 @@ public:
     // Left-button activity and pointer motion in view coordinates. While the button is down,
     // and while the view holds the pointer grab, positions may lie outside the view.
     virtual void NativeMouse(MouseAction action, int x, int y, unsigned long timeMs) = 0;
-    virtual void NativeKey(const KeyPress& key) = 0;
+    virtual void NativeKey(const KeyInput& key) = 0;
     virtual void NativeFocusLost() = 0;
     // A size change that did not come from the toolkit (a window manager, a host).
     virtual void NativeResized(int width, int height) = 0;

@@ -220,7 +220,7 @@ void HeadlessPlatform::MouseMove(int x, int y) {
 void HeadlessPlatform::Key(unsigned keyCode, unsigned character) {
     HeadlessNode* target = m_grab ? m_grab : m_focus;
     if (target && target->events)
-        target->events->NativeKey(KeyPress{keyCode, character, m_clockMs});
+        target->events->NativeKey(KeyInput{keyCode, character, m_clockMs});
 }
 
 void HeadlessPlatform::ComposeInto(cairo_t* cr, const HeadlessNode& node, double x,

@@ -1,0 +1,74 @@
+#include "EndToEndScenario.h"
+
+#include "CPaintDC.h"
+#include "WinMessages.h"
+#include "WinStyles.h"
+
+#include <gtest/gtest.h>
+
+const CRect ScenarioWnd::kSquareRect(20, 20, 60, 60);
+
+LRESULT ScenarioWnd::WindowProc(UINT message, WPARAM wParam, LPARAM lParam) {
+    switch (message) {
+    case WM_PAINT: {
+        CPaintDC dc(this);
+        CRect client;
+        GetClientRect(&client);
+        dc.FillSolidRect(client, kBackground);
+        dc.FillSolidRect(kSquareRect, kSquare);
+        dc.SetTextColor(RGB(255, 255, 255));
+        dc.ExtTextOut(80, 20, 0, nullptr, CString("Zephyra"));
+        break;
+    }
+    case WM_LBUTTONDOWN:
+        SetFocus();
+        break;
+    case WM_CHAR:
+        if (wParam >= 32 && wParam < 127)
+            typed += static_cast<char>(wParam);
+        break;
+    default:
+        break;
+    }
+    return RecordingWnd::WindowProc(message, wParam, lParam);
+}
+
+void PlayScenario(CFrameWnd& frame, ScenarioBackend& backend) {
+    ScenarioWnd wnd;
+    ASSERT_TRUE(
+        wnd.Create(nullptr, "scenario", WS_CHILD | WS_VISIBLE, CRect(10, 10, 250, 150), &frame, 1));
+
+    ASSERT_TRUE(backend.RunUntil([&] { return !wnd.paintedAreas.empty(); }));
+    ASSERT_TRUE(backend.RunUntil([&] { return backend.ScreenPixel(&wnd, 30, 30) == 0xFFC000u; }))
+        << std::hex << backend.ScreenPixel(&wnd, 30, 30);
+    EXPECT_EQ(backend.ScreenPixel(&wnd, 5, 100), 0x202830u);
+    EXPECT_EQ(backend.ScreenPixel(&wnd, 239, 139), 0x202830u);
+
+    backend.Click(&wnd, 100, 70);
+    ASSERT_TRUE(backend.RunUntil([&] { return !wnd.Only(WM_LBUTTONUP).empty(); }));
+    const auto downs = wnd.Only(WM_LBUTTONDOWN);
+    ASSERT_EQ(downs.size(), 1u);
+    EXPECT_EQ(CPoint::FromLParam(downs[0].lParam), CPoint(100, 70));
+    EXPECT_EQ(CWnd::GetFocus(), &wnd);
+
+    backend.Type("12.5");
+    ASSERT_TRUE(backend.RunUntil([&] { return wnd.typed.size() >= 4; }));
+    EXPECT_EQ(wnd.typed, "12.5");
+    backend.PressReturn();
+    ASSERT_TRUE(backend.RunUntil([&] {
+        const auto keys = wnd.Only(WM_KEYDOWN);
+        return !keys.empty() && keys.back().wParam == 36;
+    }));
+    const auto keys = wnd.Only(WM_KEYDOWN);
+    ASSERT_EQ(keys.size(), 5u);
+    EXPECT_EQ(keys[0].wParam, 18u) << "the key code of 1";
+    EXPECT_EQ(keys[2].wParam, 47u) << "the key code of the full stop";
+    EXPECT_EQ(wnd.Only(WM_CHAR).back().wParam, 13u);
+
+    backend.DoubleClick(&wnd, 40, 40);
+    ASSERT_TRUE(backend.RunUntil([&] { return wnd.Only(WM_LBUTTONUP).size() >= 3; }));
+    EXPECT_EQ(wnd.Only(WM_LBUTTONDOWN).size(), 2u);
+    EXPECT_EQ(wnd.Only(WM_LBUTTONDBLCLK).size(), 1u);
+
+    EXPECT_TRUE(wnd.DestroyWindow());
+}

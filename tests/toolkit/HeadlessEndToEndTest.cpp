@@ -1,0 +1,39 @@
+#include "CHeadlessDriver.h"
+#include "EndToEndScenario.h"
+#include "KeyCodes.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+class HeadlessBackend : public ScenarioBackend {
+public:
+    explicit HeadlessBackend(CHeadlessDriver& driver) : m_driver(driver) {}
+    void Click(CWnd* wnd, int x, int y) override { m_driver.Click(wnd, CPoint(x, y)); }
+    void DoubleClick(CWnd* wnd, int x, int y) override { m_driver.DoubleClick(wnd, CPoint(x, y)); }
+    void Type(const char* text) override { m_driver.Type(text); }
+    void PressReturn() override { m_driver.Key(kKeyReturn, kCharReturn); }
+    bool RunUntil(const std::function<bool()>& condition) override {
+        m_driver.Pump();
+        return condition();
+    }
+    std::uint32_t ScreenPixel(CWnd* wnd, int x, int y) override {
+        return m_driver.PixelAt(wnd, x, y);
+    }
+
+private:
+    CHeadlessDriver& m_driver;
+};
+
+TEST(HeadlessEndToEnd, WindowInAHostIsPaintedClickedAndTypedInto) {
+    CHeadlessDriver driver;
+    void* host = driver.CreateHostWindow(CRect(50, 50, 350, 250));
+    CFrameWnd frame;
+    ASSERT_TRUE(frame.SetNativeHandle(host));
+    frame.HostIdle();
+    HeadlessBackend backend(driver);
+    PlayScenario(frame, backend);
+    frame.SetNativeHandle(nullptr);
+}
+
+} // namespace

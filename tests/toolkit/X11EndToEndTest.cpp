@@ -1,0 +1,199 @@
+// The toolkit on a real X server (run under Xvfb): a window inside a window that another
+// connection owns, as a host's, painted, clicked and typed into with xdotool, and closed
+// without leaving windows, threads or display connections behind.
+#include "CFrameWnd.h"
+#include "EndToEndScenario.h"
+#include "FallbackIdleDriver.h"
+#include "MessagePump.h"
+
+// Before Xlib, whose macros (None, Status) would break it.
+#include <gtest/gtest.h>
+
+#include <X11/Xlib.h>
+#include <X11/Xutil.h>
+
+#include <chrono>
+#include <cstdlib>
+#include <dirent.h>
+#include <string>
+#include <thread>
+
+namespace {
+
+constexpr int kHostX = 40;
+constexpr int kHostY = 30;
+
+int ThreadCount() {
+    int count = 0;
+    if (DIR* tasks = opendir("/proc/self/task")) {
+        while (const dirent* entry = readdir(tasks)) {
+            if (entry->d_name[0] != '.')
+                ++count;
+        }
+        closedir(tasks);
+    }
+    return count;
+}
+
+bool RunTool(const std::string& command) {
+    return std::system(command.c_str()) == 0;
+}
+
+// Stands in for the host: its own connection and its own top-level window.
+class HostWindow {
+public:
+    HostWindow() : m_display(XOpenDisplay(nullptr)) {
+        if (!m_display)
+            return;
+        const int screen = DefaultScreen(m_display);
+        m_window =
+            XCreateSimpleWindow(m_display, RootWindow(m_display, screen), kHostX, kHostY, 320, 220,
+                                0, BlackPixel(m_display, screen), BlackPixel(m_display, screen));
+        XMapWindow(m_display, m_window);
+        XSync(m_display, False);
+    }
+    ~HostWindow() {
+        if (!m_display)
+            return;
+        if (m_window)
+            XDestroyWindow(m_display, m_window);
+        XCloseDisplay(m_display);
+    }
+    Display* display() const { return m_display; }
+    Window window() const { return m_window; }
+    void* Handle() const { return reinterpret_cast<void*>(static_cast<std::uintptr_t>(m_window)); }
+    unsigned ChildCount() const {
+        Window root, parent, *children = nullptr;
+        unsigned count = 0;
+        XQueryTree(m_display, m_window, &root, &parent, &children, &count);
+        if (children)
+            XFree(children);
+        return count;
+    }
+    std::uint32_t Pixel(int x, int y) const {
+        XImage* image = XGetImage(m_display, m_window, x, y, 1, 1, AllPlanes, ZPixmap);
+        if (!image)
+            return 0xDEADBEEF;
+        const std::uint32_t pixel = static_cast<std::uint32_t>(XGetPixel(image, 0, 0)) & 0xFFFFFF;
+        XDestroyImage(image);
+        return pixel;
+    }
+    void Destroy() {
+        XDestroyWindow(m_display, m_window);
+        XSync(m_display, False);
+        m_window = 0;
+    }
+
+private:
+    Display* m_display;
+    Window m_window = 0;
+};
+
+class X11Backend : public ScenarioBackend {
+public:
+    explicit X11Backend(HostWindow& host) : m_host(host) {}
+
+    void Click(CWnd* wnd, int x, int y) override {
+        const CPoint at = Screen(wnd, x, y);
+        RunTool("xdotool mousemove --sync " + std::to_string(at.x) + " " + std::to_string(at.y) +
+                " click 1");
+    }
+    void DoubleClick(CWnd* wnd, int x, int y) override {
+        const CPoint at = Screen(wnd, x, y);
+        RunTool("xdotool mousemove --sync " + std::to_string(at.x) + " " + std::to_string(at.y) +
+                " click --repeat 2 --delay 80 1");
+    }
+    void Type(const char* text) override {
+        RunTool(std::string("xdotool type --delay 20 '") + text + "'");
+    }
+    void PressReturn() override { RunTool("xdotool key Return"); }
+    bool RunUntil(const std::function<bool()>& condition) override {
+        const auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(2);
+        while (std::chrono::steady_clock::now() < deadline) {
+            AfxPumpMessages();
+            if (condition())
+                return true;
+            AfxWaitForWork(10);
+        }
+        return false;
+    }
+    std::uint32_t ScreenPixel(CWnd* wnd, int x, int y) override {
+        CPoint at(x, y);
+        wnd->ClientToScreen(&at);
+        return m_host.Pixel(at.x - kHostX, at.y - kHostY);
+    }
+
+private:
+    CPoint Screen(CWnd* wnd, int x, int y) {
+        CPoint at(x, y);
+        wnd->ClientToScreen(&at);
+        return at;
+    }
+
+    HostWindow& m_host;
+};
+
+class X11EndToEnd : public ::testing::Test {
+protected:
+    void SetUp() override {
+        if (!std::getenv("DISPLAY") || !host.display())
+            GTEST_SKIP() << "needs an X server (run under xvfb-run)";
+    }
+    HostWindow host;
+};
+
+TEST_F(X11EndToEnd, WindowInAForeignParentIsPaintedClickedAndTypedInto) {
+    const int threadsBefore = ThreadCount();
+    {
+        CFrameWnd frame;
+        ASSERT_TRUE(frame.SetNativeHandle(host.Handle()));
+        CRect client;
+        frame.GetClientRect(&client);
+        EXPECT_EQ(client, CRect(0, 0, 320, 220));
+        frame.HostIdle();
+        X11Backend backend(host);
+        PlayScenario(frame, backend);
+        EXPECT_EQ(host.ChildCount(), 0u) << "the destroyed window left the host's window";
+        frame.SetNativeHandle(nullptr);
+    }
+    EXPECT_EQ(ThreadCount(), threadsBefore);
+    host.Destroy();
+}
+
+TEST_F(X11EndToEnd, HostDestroyingItsWindowRightAfterCloseIsHarmless) {
+    CFrameWnd frame;
+    ScenarioWnd wnd;
+    {
+        std::lock_guard<std::recursive_mutex> lock(AfxUiLock());
+        ASSERT_TRUE(frame.SetNativeHandle(host.Handle()));
+        ASSERT_TRUE(wnd.Create(nullptr, "w", 0x50000000, CRect(0, 0, 100, 100), &frame, 1));
+        wnd.SetTimer(1, 20);
+    }
+    std::this_thread::sleep_for(std::chrono::milliseconds(100));
+    {
+        std::lock_guard<std::recursive_mutex> lock(AfxUiLock());
+        EXPECT_FALSE(wnd.paintedAreas.empty()) << "the fallback painted before any idle";
+        wnd.DestroyWindow();
+        frame.SetNativeHandle(nullptr);
+    }
+    host.Destroy();
+}
+
+TEST_F(X11EndToEnd, HostWindowDestroyedWhileTheEditorIsOpen) {
+    CFrameWnd frame;
+    ScenarioWnd wnd;
+    ASSERT_TRUE(frame.SetNativeHandle(host.Handle()));
+    frame.HostIdle();
+    ASSERT_TRUE(wnd.Create(nullptr, "w", 0x50000000, CRect(0, 0, 100, 100), &frame, 1));
+    AfxPumpMessages();
+    host.Destroy();
+    for (int i = 0; i < 5; ++i) {
+        wnd.Invalidate();
+        AfxPumpMessages();
+        AfxWaitForWork(10);
+    }
+    EXPECT_TRUE(wnd.DestroyWindow());
+    frame.SetNativeHandle(nullptr);
+}
+
+} // namespace
