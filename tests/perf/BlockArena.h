@@ -1,0 +1,162 @@
+// Stereo blocks laid out in one stretch of memory, the way hosts lay them out (apart, in
+// place) and the ways none should (crossed, shifted, shared), with random settings and
+// signals for the exactness tests. Every test runs the path under test on one copy of the
+// arena and the plain model on another, then compares the whole arenas bit for bit, so a
+// stray write anywhere shows as well as a wrong sample.
+#pragma once
+
+#include "ReferenceEqualizer.h"
+
+#include <cstdint>
+#include <cstring>
+#include <random>
+#include <sstream>
+#include <string>
+#include <vector>
+
+namespace arena {
+
+enum class Layout { Apart, InPlace, Crossed, Shifted, SharedInput, SharedOutput };
+
+inline const char* Name(Layout layout) {
+    static const char* names[] = {"apart",   "in place",     "crossed",
+                                  "shifted", "shared input", "shared output"};
+    return names[static_cast<int>(layout)];
+}
+
+// Hosts mostly process apart or in place; one block in eight gets an odd layout.
+inline Layout RandomLayout(std::mt19937& rng) {
+    const int roll = static_cast<int>(rng() % 16);
+    if (roll < 7) {
+        return Layout::Apart;
+    }
+    if (roll < 14) {
+        return Layout::InPlace;
+    }
+    return static_cast<Layout>(2 + rng() % 4);
+}
+
+// Tail blocks of 1, 2 and 3 frames are frequent on purpose: they are where a pipelined
+// loop fills and drains.
+inline int RandomBlockLength(std::mt19937& rng) {
+    const int roll = static_cast<int>(rng() % 20);
+    if (roll < 6) {
+        return 1 + static_cast<int>(rng() % 3);
+    }
+    if (roll < 9) {
+        return 4 + static_cast<int>(rng() % 8);
+    }
+    if (roll < 18) {
+        return 12 + static_cast<int>(rng() % 300);
+    }
+    return 300 + static_cast<int>(rng() % 900);
+}
+
+// A setting for one band anywhere in (and a little beyond) the parameter ranges.
+inline reference::Band RandomBand(std::mt19937& rng) {
+    std::uniform_real_distribution<float> gain(-12.0f, 12.0f);
+    std::uniform_real_distribution<float> logFreq(std::log(20.0f), std::log(30000.0f));
+    std::uniform_real_distribution<float> q(0.3f, 10.0f);
+    return {static_cast<int>(rng() % 3), static_cast<int>(gain(rng) * 65536.0f),
+            static_cast<int>(std::exp(logFreq(rng)) * 65536.0f),
+            static_cast<int>(q(rng) * 65536.0f)};
+}
+
+inline int RandomLevel(std::mt19937& rng, float lowestDb, float highestDb) {
+    return static_cast<int>(std::uniform_real_distribution<float>(lowestDb, highestDb)(rng) *
+                            65536.0f);
+}
+
+class Arena {
+public:
+    static constexpr int kGuard = 8;
+
+    // Every sample of the arena is signal: whatever the layout reads is defined input.
+    Arena(Layout layout, int frames, std::mt19937& rng) : m_frames(frames) {
+        const int stride = frames + kGuard;
+        m_memory.resize(static_cast<size_t>(4 * stride + 2 * kGuard));
+        FillSignal(rng);
+        const int in0 = kGuard, in1 = kGuard + stride;
+        const int out0 = kGuard + 2 * stride, out1 = kGuard + 3 * stride;
+        const int shift = 1 + static_cast<int>(rng() % 3);
+        switch (layout) {
+        case Layout::Apart:
+            Place(in0, in1, out0, out1);
+            break;
+        case Layout::InPlace:
+            Place(in0, in1, in0, in1);
+            break;
+        case Layout::Crossed:
+            Place(in0, in1, in1, in0);
+            break;
+        case Layout::Shifted:
+            Place(in0 + kGuard / 2, in1 + kGuard / 2, in0 + kGuard / 2 + shift,
+                  in1 + kGuard / 2 - shift);
+            break;
+        case Layout::SharedInput:
+            Place(in0, in0, out0, out1);
+            break;
+        case Layout::SharedOutput:
+            Place(in0, in1, out0, out0);
+            break;
+        }
+    }
+
+    Arena(const Arena& other) : m_frames(other.m_frames), m_memory(other.m_memory) {
+        Place(other.m_offsets[0], other.m_offsets[1], other.m_offsets[2], other.m_offsets[3]);
+    }
+    Arena& operator=(const Arena&) = delete;
+
+    float** In() { return m_in; }
+    float** Out() { return m_out; }
+    int Frames() const { return m_frames; }
+
+    // Empty when both arenas hold the same bits, else where they first differ.
+    std::string Difference(const Arena& other) const {
+        for (size_t i = 0; i < m_memory.size(); ++i) {
+            if (std::memcmp(&m_memory[i], &other.m_memory[i], sizeof(float)) != 0) {
+                std::ostringstream where;
+                where << "word " << i << " of " << m_memory.size() << ": " << m_memory[i] << " vs "
+                      << other.m_memory[i];
+                return where.str();
+            }
+        }
+        return {};
+    }
+
+private:
+    void Place(int in0, int in1, int out0, int out1) {
+        m_offsets[0] = in0;
+        m_offsets[1] = in1;
+        m_offsets[2] = out0;
+        m_offsets[3] = out1;
+        m_in[0] = m_memory.data() + in0;
+        m_in[1] = m_memory.data() + in1;
+        m_out[0] = m_memory.data() + out0;
+        m_out[1] = m_memory.data() + out1;
+    }
+
+    // Noise at a random level, with stretches of silence and of subnormal values so that
+    // the recursions also run down into the subnormal range.
+    void FillSignal(std::mt19937& rng) {
+        const float level = std::uniform_real_distribution<float>(0.01f, 3.0f)(rng);
+        std::uniform_real_distribution<float> noise(-level, level);
+        const int texture = static_cast<int>(rng() % 8);
+        for (float& sample : m_memory) {
+            sample = noise(rng);
+            if (texture == 0) {
+                sample = 0.0f;
+            } else if (texture == 1) {
+                sample *= 1e-39f;
+            }
+        }
+    }
+
+    int m_frames;
+    std::vector<float> m_memory;
+    int m_offsets[4] = {};
+    float* m_in[2] = {};
+    float* m_out[2] = {};
+};
+
+} // namespace arena

@@ -1,0 +1,140 @@
+// The audio block as its formulas read, stage after stage, written apart from dsp/ and
+// effect/ so that the one-pass path is judged by something it shares no code with. The
+// stages run in the documented order over the caller's own memory, so buffers that overlap
+// give whatever that order gives.
+#pragma once
+
+#include "ReferenceEqualizer.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstdint>
+#include <vector>
+
+namespace plain {
+
+// Both channels of the engine with its settings as 16.16 values at 44100 Hz.
+struct Engine {
+    float inputGain = 1.0f;
+    float outputGain = 1.0f;
+    bool active[2] = {true, true};
+    reference::Biquad band[2][2]; // [band][channel]
+    bool overLevel = false;
+    int workLength = 256;
+
+    void SetBand(int b, reference::Band settings) {
+        for (auto& section : band[b]) {
+            const reference::Biquad designed = reference::Design(
+                44100.0f, reference::FromFixed(settings.freq), reference::FromFixed(settings.gain),
+                reference::FromFixed(settings.q), settings.type);
+            section.a0 = designed.a0;
+            section.a1 = designed.a1;
+            section.a2 = designed.a2;
+            section.b0 = designed.b0;
+            section.b1 = designed.b1;
+            section.b2 = designed.b2;
+        }
+    }
+
+    // Each piece of at most workLength frames: every input read and scaled first, then the
+    // bands, then each channel written and tested against full scale.
+    void Transform(const float* const* in, float* const* out, int count) {
+        if (!active[0] && !active[1]) {
+            return;
+        }
+        for (int offset = 0; offset < count; offset += workLength) {
+            const int piece = std::min(workLength, count - offset);
+            std::vector<float> work[2];
+            for (int c = 0; c < 2; ++c) {
+                for (int i = 0; i < piece; ++i) {
+                    work[c].push_back(in[c][offset + i] * inputGain);
+                }
+            }
+            for (int b = 0; b < 2; ++b) {
+                for (int c = 0; c < 2 && active[b]; ++c) {
+                    for (float& sample : work[c]) {
+                        sample = reference::Step(band[b][c], sample);
+                    }
+                }
+            }
+            for (int c = 0; c < 2; ++c) {
+                for (int i = 0; i < piece; ++i) {
+                    const float sample = work[c][i] * outputGain;
+                    out[c][offset + i] = sample;
+                    if (std::fabs(sample) > 1.0f) {
+                        overLevel = true;
+                    }
+                }
+            }
+        }
+    }
+};
+
+inline void Peak(float& meter, float sample, float factor) {
+    const float level = std::fabs(sample) * factor;
+    if (level > meter) {
+        meter = level;
+    }
+}
+
+// Peaks of a stereo block, per channel: input as it arrives, output as it ends up.
+struct Peaks {
+    float input[2] = {0.0f, 0.0f};
+    float output[2] = {0.0f, 0.0f};
+};
+
+// The input measured and copied frame by frame, left before right, scaled by factor.
+inline void CopyMeasuring(const float* const* in, float* const* out, int count, float factor,
+                          float input[2]) {
+    input[0] = input[1] = 0.0f;
+    for (int i = 0; i < count; ++i) {
+        Peak(input[0], in[0][i], factor);
+        Peak(input[1], in[1][i], factor);
+        out[0][i] = in[0][i];
+        out[1][i] = in[1][i];
+    }
+}
+
+inline void MeasureOutput(float* const* out, int count, float output[2]) {
+    output[0] = output[1] = 0.0f;
+    for (int i = 0; i < count; ++i) {
+        Peak(output[0], out[0][i], 1.0f);
+        Peak(output[1], out[1][i], 1.0f);
+    }
+}
+
+// The engine's metered block: copy, equalise, read the output back.
+inline Peaks TransformMetered(Engine& engine, const float* const* in, float* const* out,
+                              int count) {
+    Peaks peaks;
+    CopyMeasuring(in, out, count, 1.0f, peaks.input);
+    engine.Transform(in, out, count);
+    MeasureOutput(out, count, peaks.output);
+    return peaks;
+}
+
+// The effect's processReplacing around the engine.
+struct Effect {
+    Engine engine;
+    float onOff = 1.0f;
+    float inputDisplayDb = 0.0f;
+    uint16_t counter = 0xFFFF;
+    float meters[4] = {}; // input left, input right, output left, output right
+
+    void ProcessReplacing(float** in, float** out, int frames) {
+        ++counter;
+        float factor = static_cast<float>(std::pow(2.0, inputDisplayDb / 6.0));
+        factor = factor < 0.001f ? 0.001f : factor;
+        factor = factor < 1.0f ? factor : 1.0f;
+        CopyMeasuring(in, out, frames, factor, meters);
+        if (onOff != 0.0f) {
+            engine.Transform(in, out, frames);
+            MeasureOutput(out, frames, meters + 2);
+        } else {
+            meters[2] = meters[0];
+            meters[3] = meters[1];
+        }
+    }
+};
+
+} // namespace plain
