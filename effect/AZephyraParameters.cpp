@@ -32,7 +32,10 @@ void AZephyra::pushToEngine(int index, float value) {
     const int band = index < kParamType2 ? 0 : 1;
     switch (index) {
     case kParamOnOff: {
-        const bool on = static_cast<int>(value) != 0; // only 1.0 switches on
+        // On when the value truncates to a non-zero integer (of 0..1 only 1.0 does),
+        // decided without converting, which would be undefined for a host's huge value.
+        // NaN counts as on, as in the audio path.
+        const bool on = !(std::fabs(value) < 1.0f);
         m_engine->set_Activate(0, on);
         m_engine->set_Activate(1, on);
         break;
