@@ -14,116 +14,96 @@ namespace {
 
 class DefaultBankFile : public testing::Test {
 protected:
-    DefaultBankFile() {
-        host.Answer(audioMasterGetDirectory, AnswerAsPointer(pluginFolder.Path()));
-    }
+    DefaultBankFile() { AnswerDirectory(pluginFolder.Path()); }
 
-    static intptr_t AnswerAsPointer(const std::string& text) {
-        return reinterpret_cast<intptr_t>(text.c_str());
+    void AnswerDirectory(const std::string& folder) {
+        directoryAnswer = folder;
+        host.answers[audioMasterGetDirectory] = reinterpret_cast<intptr_t>(directoryAnswer.c_str());
     }
-    void WritePreferencesCopy(const BankFileSpec& spec) {
-        WriteWholeFile(preferences.folder / "ZephyraDef.fxb", BankFileBytes(spec));
-    }
-    void WritePluginCopy(const BankFileSpec& spec) {
-        WriteWholeFile(pluginFolder / "ZephyraDef.fxb", BankFileBytes(spec));
-    }
-    static std::string NameOf(AZephyra& effect, int program) {
-        char name[32] = {};
-        effect.getProgramNameIndexed(0, program, name);
-        return name;
-    }
-    // The name and Gain1 of program 0 in the current bank, then in the factory bank.
+    std::string PreferencesCopy() const { return preferences.folder / "ZephyraDef.fxb"; }
+    std::string PluginCopy() const { return pluginFolder / "ZephyraDef.fxb"; }
+    // Program 0's name in the current bank, then in the factory bank.
     static std::pair<std::string, std::string> CurrentAndFactory(AZephyra& effect) {
         effect.setProgram(0);
-        const std::string current = NameOf(effect, 0);
+        const std::string current = ProgramName(effect, 0);
         effect.ProgramToFactory();
-        return {current, NameOf(effect, 0)};
+        return {current, ProgramName(effect, 0)};
     }
 
     IsolatedPreferences preferences;
     TempFolder pluginFolder;
+    std::string directoryAnswer;
     RecordingHost host;
 };
 
+using Names = std::pair<std::string, std::string>;
+
 TEST_F(DefaultBankFile, PreferencesCopyIsCurrentAndThePluginsCopyIsFactory) {
-    WritePreferencesCopy({MarkedBank("Mine", 0.1f, 3)});
-    WritePluginCopy({MarkedBank("Factory", 0.9f)});
+    WriteWholeFile(PreferencesCopy(), BankFileBytes(MarkedBank("Mine", 0.1f, 3)));
+    WriteWholeFile(PluginCopy(), BankFileBytes(MarkedBank("Factory", 0.9f)));
     AZephyra effect(RecordingHost::Callback);
     effect.open();
-
     EXPECT_EQ(effect.getProgram(), 3);
-    EXPECT_FALSE(effect.IsProgramChanged());
-    EXPECT_STREQ(effect.GetPluginFolder(), pluginFolder.Path().c_str());
+    EXPECT_FALSE(effect.IsProgramChanged()) << "the snapshot is taken after the read";
     effect.setProgram(0);
     EXPECT_EQ(effect.getParameter(kParamGain1), 0.1f);
-    EXPECT_EQ(CurrentAndFactory(effect),
-              std::make_pair(std::string("Mine"), std::string("Factory")));
+    EXPECT_EQ(CurrentAndFactory(effect), Names("Mine", "Factory"));
 }
 
 TEST_F(DefaultBankFile, WithoutAPreferencesCopyThePluginsCopyServesBoth) {
-    WritePluginCopy({MarkedBank("Factory", 0.9f)});
+    WriteWholeFile(PluginCopy(), BankFileBytes(MarkedBank("Factory", 0.9f)));
     AZephyra effect(RecordingHost::Callback);
     effect.open();
-    EXPECT_EQ(CurrentAndFactory(effect),
-              std::make_pair(std::string("Factory"), std::string("Factory")));
+    EXPECT_EQ(CurrentAndFactory(effect), Names("Factory", "Factory"));
 }
 
-TEST_F(DefaultBankFile, ThePluginFolderIsWhereverTheHostPointsOrTheModulesOwn) {
+TEST_F(DefaultBankFile, ThePluginFolderIsWhereTheHostPointsElseTheModulesOwn) {
     const std::string folder = pluginFolder.Path();
-    const std::string withoutSlash = folder.substr(0, folder.size() - 1);
-    for (const std::string& answer : {withoutSlash, folder, folder + "Zephyra.so"}) {
-        host.Answer(audioMasterGetDirectory, AnswerAsPointer(answer));
+    for (const std::string& answer : {folder.substr(0, folder.size() - 1), folder + "Zephyra.so"}) {
+        AnswerDirectory(answer);
         AZephyra effect(RecordingHost::Callback);
         effect.open();
-        EXPECT_STREQ(effect.GetPluginFolder(), folder.c_str()) << answer;
+        EXPECT_EQ(effect.GetPluginFolder(), folder) << answer;
     }
-    host.Answer(audioMasterGetDirectory, 0);
+    host.answers[audioMasterGetDirectory] = 0;
     AZephyra effect(RecordingHost::Callback);
     effect.open();
     char executable[4096] = {};
     ASSERT_GT(readlink("/proc/self/exe", executable, sizeof(executable) - 1), 0);
-    const std::string exePath = executable;
-    EXPECT_EQ(effect.GetPluginFolder(), exePath.substr(0, exePath.rfind('/') + 1));
+    const std::string exe = executable;
+    EXPECT_EQ(effect.GetPluginFolder(), exe.substr(0, exe.rfind('/') + 1));
 }
 
 TEST_F(DefaultBankFile, AForeignBankIsIgnoredWithoutLoadingTheFactory) {
-    WritePreferencesCopy({MarkedBank("Foreign", 0.1f), FourCharCode('O', 't', 'h', 'r')});
-    WritePluginCopy({MarkedBank("Factory", 0.9f)});
+    WriteWholeFile(PreferencesCopy(),
+                   BankFileBytes(MarkedBank("Foreign", 0.1f), FourCharCode('O', 't', 'h', 'r')));
+    WriteWholeFile(PluginCopy(), BankFileBytes(MarkedBank("Factory", 0.9f)));
     AZephyra effect(RecordingHost::Callback);
     effect.open();
-    EXPECT_EQ(CurrentAndFactory(effect),
-              std::make_pair(std::string("Empty"), std::string("Empty")));
+    EXPECT_EQ(CurrentAndFactory(effect), Names("Empty", "Empty"));
 }
 
 TEST_F(DefaultBankFile, ABankOfAnotherKindStillLoadsTheFactory) {
-    BankFileSpec otherKind{MarkedBank("Other", 0.1f)};
-    otherKind.bankMagic = "FxBk";
-    WritePreferencesCopy(otherKind);
-    WritePluginCopy({MarkedBank("Factory", 0.9f)});
+    WriteWholeFile(PreferencesCopy(),
+                   BankFileBytes(MarkedBank("Other", 0.1f), kZephyraUniqueId, "FxBk"));
+    WriteWholeFile(PluginCopy(), BankFileBytes(MarkedBank("Factory", 0.9f)));
     AZephyra effect(RecordingHost::Callback);
     effect.open();
-    EXPECT_EQ(CurrentAndFactory(effect),
-              std::make_pair(std::string("Empty"), std::string("Factory")));
+    EXPECT_EQ(CurrentAndFactory(effect), Names("Empty", "Factory"));
 }
 
 TEST_F(DefaultBankFile, TruncatedOrOversizedChunksAreIgnored) {
     const std::string bank = MarkedBank("Damaged", 0.1f, 5);
-    const BankFileSpec damaged[] = {
-        {bank.substr(0, 1000), static_cast<uint32_t>(kZephyraUniqueId), "FBCh", 4608},
-        {bank + "extra", static_cast<uint32_t>(kZephyraUniqueId), "FBCh", 4613},
-        {bank, static_cast<uint32_t>(kZephyraUniqueId), "FBCh", 0xFFFFFFFF},
-    };
-    for (const BankFileSpec& spec : damaged) {
-        WritePreferencesCopy(spec);
+    for (const std::string& file :
+         {BankFileBytes(bank.substr(0, 1000), kZephyraUniqueId, "FBCh", 4608),
+          BankFileBytes(bank + "extra"), BankFileBytes(bank, kZephyraUniqueId, "FBCh", ~0u),
+          std::string("CcnK\0\0", 6)}) {
+        WriteWholeFile(PreferencesCopy(), file);
         AZephyra effect(RecordingHost::Callback);
         effect.open();
         EXPECT_EQ(effect.getProgram(), 0);
-        EXPECT_EQ(NameOf(effect, 0), "Empty");
+        EXPECT_EQ(ProgramName(effect, 0), "Empty");
     }
-    WriteWholeFile(preferences.folder / "ZephyraDef.fxb", "CcnK\0\0");
-    AZephyra effect(RecordingHost::Callback);
-    effect.open();
-    EXPECT_EQ(NameOf(effect, 0), "Empty");
 }
 
 std::string hex(const std::string& bytes) {
@@ -136,27 +116,7 @@ std::string hex(const std::string& bytes) {
     return text;
 }
 
-std::string repeated(const std::string& text, int count) {
-    std::string all;
-    for (int i = 0; i < count; ++i) {
-        all += text;
-    }
-    return all;
-}
-
-TEST_F(DefaultBankFile, SavedHeaderIsBigEndianWithAZeroByteSize) {
-    AZephyra effect(RecordingHost::Callback);
-    effect.open();
-    effect.SaveProgram(0, "Saved");
-    const std::string file = ReadWholeFile(preferences.folder / "ZephyraDef.fxb");
-    ASSERT_EQ(file.size(), 160u + 4608u);
-    EXPECT_EQ(hex(file.substr(0, 160)), "43 63 6E 4B 00 00 00 00 46 42 43 68 00 00 00 01 "
-                                        "56 65 45 51 00 00 00 01 00 00 00 40 " +
-                                            repeated("00 ", 128) + "00 00 12 00 ");
-    EXPECT_EQ(file.substr(160), BankImage(effect));
-}
-
-TEST_F(DefaultBankFile, SavingMovesTheEditsAndTheNextOpenReadsThem) {
+TEST_F(DefaultBankFile, SavingWritesTheHeaderAndMovesTheEditsForTheNextOpen) {
     AZephyra effect(RecordingHost::Callback);
     effect.open();
     effect.setProgram(7);
@@ -166,19 +126,27 @@ TEST_F(DefaultBankFile, SavingMovesTheEditsAndTheNextOpenReadsThem) {
 
     EXPECT_EQ(effect.getProgram(), 3);
     EXPECT_EQ(effect.getParameter(kParamGain1), 0.8f);
-    EXPECT_EQ(NameOf(effect, 3), "Bright");
+    EXPECT_EQ(ProgramName(effect, 3), "Bright");
     EXPECT_FALSE(effect.IsProgramChanged());
-    EXPECT_EQ(host.CallsWith(audioMasterUpdateDisplay).size(), 1u);
+    EXPECT_EQ(host.Count(audioMasterUpdateDisplay), 1u);
+    const std::string file = ReadWholeFile(PreferencesCopy());
+    std::string reserved;
+    for (int i = 0; i < 128; ++i) {
+        reserved += "00 ";
+    }
+    EXPECT_EQ(hex(file.substr(0, 160)), "43 63 6E 4B 00 00 00 00 46 42 43 68 00 00 00 01 "
+                                        "56 65 45 51 00 00 00 01 00 00 00 40 " +
+                                            reserved + "00 00 12 00 ");
+    EXPECT_EQ(file.substr(160), BankImage(effect));
+    EXPECT_EQ(file.substr(160 + 68, 4), std::string("\x03\0\0\0", 4));
     effect.setProgram(7);
     EXPECT_EQ(effect.getParameter(kParamGain1), 0.5f) << "the source program reverts";
 
-    const std::string file = ReadWholeFile(preferences.folder / "ZephyraDef.fxb");
-    EXPECT_EQ(file.substr(160 + 68, 4), std::string("\x03\0\0\0", 4));
     AZephyra reopened(RecordingHost::Callback);
     reopened.open();
     EXPECT_EQ(reopened.getProgram(), 3);
     EXPECT_EQ(reopened.getParameter(kParamGain1), 0.8f);
-    EXPECT_EQ(NameOf(reopened, 3), "Bright");
+    EXPECT_EQ(ProgramName(reopened, 3), "Bright");
 }
 
 std::vector<std::string> g_messages;
@@ -188,24 +156,23 @@ int recordMessage(const char* text) {
     return 1;
 }
 
-// Lets writes beyond a byte limit fail, as on a full disk, for the life of the object.
-class FileSizeLimit {
+// Makes writes past a byte limit fail, as on a full disk, for the life of the object.
+class DiskFullAfter {
 public:
-    explicit FileSizeLimit(rlim_t bytes) {
+    explicit DiskFullAfter(rlim_t bytes) : m_handler(std::signal(SIGXFSZ, SIG_IGN)) {
         getrlimit(RLIMIT_FSIZE, &m_old);
-        m_oldHandler = std::signal(SIGXFSZ, SIG_IGN);
         rlimit limit = m_old;
         limit.rlim_cur = bytes;
         setrlimit(RLIMIT_FSIZE, &limit);
     }
-    ~FileSizeLimit() {
+    ~DiskFullAfter() {
         setrlimit(RLIMIT_FSIZE, &m_old);
-        std::signal(SIGXFSZ, m_oldHandler);
+        std::signal(SIGXFSZ, m_handler);
     }
 
 private:
+    void (*m_handler)(int);
     rlimit m_old{};
-    void (*m_oldHandler)(int);
 };
 
 TEST_F(DefaultBankFile, AFailedSaveKeepsThePreviousFileAndSaysSo) {
@@ -214,38 +181,22 @@ TEST_F(DefaultBankFile, AFailedSaveKeepsThePreviousFileAndSaysSo) {
     AZephyra effect(RecordingHost::Callback);
     effect.open();
     effect.SaveProgram(1, "First");
-    const std::string previous = ReadWholeFile(preferences.folder / "ZephyraDef.fxb");
-    ASSERT_TRUE(g_messages.empty());
-
-    host.calls.clear();
+    const std::string previous = ReadWholeFile(PreferencesCopy());
     effect.setParameter(kParamQ2, 0.9f);
+    host.calls.clear();
     {
-        FileSizeLimit diskFull(1000);
+        DiskFullAfter limit(1000);
         effect.SaveProgram(2, "Second");
     }
     SetMessageBoxHandler(nullptr);
 
-    EXPECT_EQ(ReadWholeFile(preferences.folder / "ZephyraDef.fxb"), previous);
-    EXPECT_EQ(std::distance(std::filesystem::directory_iterator(preferences.folder.Path()),
-                            std::filesystem::directory_iterator()),
-              1)
+    EXPECT_EQ(ReadWholeFile(PreferencesCopy()), previous);
+    EXPECT_EQ(std::distance(std::filesystem::directory_iterator(preferences.folder.Path()), {}), 1)
         << "no half-written file is left behind";
     ASSERT_EQ(g_messages.size(), 1u);
     EXPECT_EQ(g_messages[0], LoadStringResource(20135));
     EXPECT_NE(g_messages[0].find("default bank file could not be written"), std::string::npos);
-    EXPECT_EQ(host.CallsWith(audioMasterUpdateDisplay).size(), 1u);
-}
-
-TEST(DefaultBankFileFolder, AnUncreatablePreferencesFolderIsReported) {
-    TempFolder root;
-    WriteWholeFile(root / "file", "not a folder");
-    ScopedEnv config("XDG_CONFIG_HOME", root / "file/config");
-    g_messages.clear();
-    SetMessageBoxHandler(recordMessage);
-    AZephyra effect(nullptr);
-    effect.SaveProgram(0, "Nowhere");
-    SetMessageBoxHandler(nullptr);
-    EXPECT_EQ(g_messages.size(), 1u);
+    EXPECT_EQ(host.Count(audioMasterUpdateDisplay), 1u);
 }
 
 } // namespace

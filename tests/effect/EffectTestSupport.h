@@ -1,12 +1,11 @@
 // Helpers for driving the effect as the host and the editor would: a panel that records
-// what the effect tells it, and whole bank files built byte by byte.
+// what the effect tells it, the host's view of programs, and bank files built byte by byte.
 #pragma once
 
 #include "AZephyra.h"
 #include "RecordingHost.h"
 #include "TempFolder.h"
 
-#include <cstdint>
 #include <cstring>
 #include <string>
 #include <utility>
@@ -26,7 +25,6 @@ class PanelEditor : public ZephyraEditorBase {
 public:
     explicit PanelEditor(AZephyra* effect) : ZephyraEditorBase(effect) { effect->setEditor(this); }
     ZephyraPanel* GetPanel() override { return &panel; }
-
     RecordingPanel panel;
 };
 
@@ -38,7 +36,13 @@ inline RecordingPanel& PanelOf(AZephyra& effect) {
     return static_cast<PanelEditor*>(effect.getEditor())->panel;
 }
 
-// The current program's record as the host would store it.
+inline std::string BankImage(AZephyra& effect) {
+    void* data = nullptr;
+    const int32_t size = effect.getChunk(&data, false);
+    return std::string(static_cast<const char*>(data), static_cast<size_t>(size));
+}
+
+// The current program as the host would store it.
 inline ZephyraProgramRecord CurrentRecord(AZephyra& effect) {
     void* data = nullptr;
     effect.getChunk(&data, true);
@@ -47,10 +51,10 @@ inline ZephyraProgramRecord CurrentRecord(AZephyra& effect) {
     return record;
 }
 
-inline std::string BankImage(AZephyra& effect) {
-    void* data = nullptr;
-    const int32_t size = effect.getChunk(&data, false);
-    return std::string(static_cast<const char*>(data), static_cast<size_t>(size));
+inline std::string ProgramName(AZephyra& effect, int program) {
+    char name[32] = {};
+    effect.getProgramNameIndexed(0, program, name);
+    return name;
 }
 
 inline std::string BigEndian(uint32_t value) {
@@ -58,23 +62,15 @@ inline std::string BigEndian(uint32_t value) {
             static_cast<char>(value >> 8), static_cast<char>(value)};
 }
 
-// A bank file of the opaque-chunk kind, with every header field a test may want to spoil.
-struct BankFileSpec {
-    std::string chunk;
-    uint32_t plugInId = static_cast<uint32_t>(kZephyraUniqueId);
-    const char* bankMagic = "FBCh";
-    uint32_t chunkSizeField = 0; // 0: the chunk's real size
-};
-
-inline std::string BankFileBytes(const BankFileSpec& spec) {
-    std::string bytes = "CcnK" + BigEndian(0) + spec.bankMagic + BigEndian(1) +
-                        BigEndian(spec.plugInId) + BigEndian(1) + BigEndian(64) +
-                        std::string(128, '\0');
-    const auto size = static_cast<uint32_t>(spec.chunk.size());
-    return bytes + BigEndian(spec.chunkSizeField ? spec.chunkSizeField : size) + spec.chunk;
+// A bank file of the opaque-chunk kind; chunkSize 0 means the chunk's real size.
+inline std::string BankFileBytes(const std::string& chunk, uint32_t id = kZephyraUniqueId,
+                                 const char* bankMagic = "FBCh", uint32_t chunkSize = 0) {
+    return "CcnK" + BigEndian(0) + bankMagic + BigEndian(1) + BigEndian(id) + BigEndian(1) +
+           BigEndian(64) + std::string(128, '\0') +
+           BigEndian(chunkSize ? chunkSize : static_cast<uint32_t>(chunk.size())) + chunk;
 }
 
-// A bank image whose program 0 is recognisable: its name and its Gain1.
+// A bank image whose program 0 is recognisable by its name and Gain1.
 inline std::string MarkedBank(const char* name, float gain1, int currentProgram = 0) {
     AZephyraProgram bank;
     SetProgramRecordName(bank[0], name);

@@ -1,13 +1,12 @@
-// A minimal effect and editor for exercising the base classes: each override the tests
-// care about writes what it received as text ("setProgram(-1)"), so a test can check that
-// a request reached the right operation with its arguments unpacked.
+// A minimal effect and editor for exercising the base classes: the overrides the tests
+// watch write what they received as text ("setProgram(-1)"), so a test can check that a
+// request reached the right operation with its arguments unpacked.
 #pragma once
 
 #include "AudioEffectX.h"
 
 #include <sstream>
 #include <string>
-#include <vector>
 
 class CallLog {
 public:
@@ -16,12 +15,9 @@ public:
         text << operation << '(';
         bool first = true;
         ((text << (first ? "" : ",") << args, first = false), ...);
-        text << ')';
-        entries.push_back(text.str());
+        last = text.str() + ')';
     }
-    std::string Last() const { return entries.empty() ? "" : entries.back(); }
-
-    std::vector<std::string> entries;
+    std::string last;
 };
 
 class ProbeEffect : public AudioEffectX {
@@ -34,24 +30,18 @@ public:
         }
     }
 
-    void processReplacing(float**, float**, int32_t frames) override {
-        log.Note("processReplacing", frames);
-    }
+    void processReplacing(float**, float**, int32_t) override {}
     void open() override { log.Note("open"); }
-    void close() override { log.Note("close"); }
     void suspend() override { log.Note("suspend"); }
-    void resume() override {
-        log.Note("resume");
-        AudioEffectX::resume();
-    }
+    void resume() override { log.Note("resume"); }
     void setSampleRate(float rate) override { log.Note("setSampleRate", rate); }
     void setBlockSize(int32_t size) override { log.Note("setBlockSize", size); }
     void setProgram(int32_t program) override { log.Note("setProgram", program); }
     void setParameter(int32_t index, float value) override {
         log.Note("setParameter", index, value);
     }
-    float getParameter(int32_t index) override { return static_cast<float>(index) / 4.0f; }
     float getVu() override { return vu; }
+    bool keysRequired() override { return wantsKeys; }
     int32_t getChunk(void** data, bool isPreset) override {
         log.Note("getChunk", isPreset);
         *data = this;
@@ -71,19 +61,10 @@ public:
     void outputConnected(int32_t index, bool state) override {
         log.Note("outputConnected", index, state);
     }
-    intptr_t vendorSpecific(int32_t a, intptr_t b, void*, float c) override {
-        log.Note("vendorSpecific", a, b, c);
-        return intptr_t{0x123456789AB};
-    }
-    bool keysRequired() override { return wantsKeys; }
-    int32_t canDo(char* text) override {
-        return answersMidi && std::string(text) == "receiveVstMidiEvent" ? 1 : 0;
-    }
 
     CallLog log;
     float vu = 0.0f;
     bool wantsKeys = false;
-    bool answersMidi = false;
 
 private:
     bool* m_deleted;
@@ -92,22 +73,12 @@ private:
 class ProbeEditor : public AEffEditor {
 public:
     using AEffEditor::AEffEditor;
-
-    bool open(void* parent) override {
-        log.Note("open", parent != nullptr);
-        return true;
-    }
-    void close() override { log.Note("close"); }
     int32_t mouse(int32_t x, int32_t y) override {
         log.Note("mouse", x, y);
         return 7;
     }
-    int32_t key(int32_t code) override {
-        log.Note("key", code);
-        return -3;
-    }
-    bool onKeyDown(VstKeyCode& code) override { return noteKey("onKeyDown", code); }
-    bool onKeyUp(VstKeyCode& code) override { return noteKey("onKeyUp", code); }
+    bool onKeyDown(VstKeyCode& key) override { return noteKey("onKeyDown", key); }
+    bool onKeyUp(VstKeyCode& key) override { return noteKey("onKeyUp", key); }
     bool setKnobMode(int32_t mode) override {
         log.Note("setKnobMode", mode);
         return true;
@@ -116,8 +87,8 @@ public:
     CallLog log;
 
 private:
-    bool noteKey(const char* operation, const VstKeyCode& code) {
-        log.Note(operation, code.character, int{code.virt}, int{code.modifier});
+    bool noteKey(const char* operation, const VstKeyCode& key) {
+        log.Note(operation, key.character, int{key.virt}, int{key.modifier});
         return true;
     }
 };

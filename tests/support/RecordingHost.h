@@ -1,10 +1,11 @@
 // A host call-back for tests: it records every call the plug-in makes and answers each
-// opcode from a table the test fills. Only one recorder is live at a time; the plug-in
-// reaches it through the plain function pointer Callback.
+// opcode from a table (the version probe with 2400 unless a test says otherwise). One
+// recorder is live at a time; the plug-in reaches it through the plain function Callback.
 #pragma once
 
 #include "Vst2Interface.h"
 
+#include <algorithm>
 #include <map>
 #include <vector>
 
@@ -19,26 +20,14 @@ struct HostCall {
 
 class RecordingHost {
 public:
-    static constexpr int32_t kVersionOpcode = 1;
-
-    RecordingHost() {
-        Answer(kVersionOpcode, 2400);
-        live() = this;
-    }
+    RecordingHost() { live() = this; }
     ~RecordingHost() { live() = nullptr; }
     RecordingHost(const RecordingHost&) = delete;
     RecordingHost& operator=(const RecordingHost&) = delete;
 
-    void Answer(int32_t opcode, intptr_t answer) { answers[opcode] = answer; }
-
-    std::vector<HostCall> CallsWith(int32_t opcode) const {
-        std::vector<HostCall> matching;
-        for (const HostCall& call : calls) {
-            if (call.opcode == opcode) {
-                matching.push_back(call);
-            }
-        }
-        return matching;
+    size_t Count(int32_t opcode) const {
+        return std::count_if(calls.begin(), calls.end(),
+                             [opcode](const HostCall& call) { return call.opcode == opcode; });
     }
 
     static intptr_t Callback(AEffect* effect, int32_t opcode, int32_t index, intptr_t value,
@@ -52,6 +41,7 @@ public:
         return answer == host->answers.end() ? 0 : answer->second;
     }
 
+    std::map<int32_t, intptr_t> answers{{1, 2400}};
     std::vector<HostCall> calls;
 
 private:
@@ -59,6 +49,4 @@ private:
         static RecordingHost* host = nullptr;
         return host;
     }
-
-    std::map<int32_t, intptr_t> answers;
 };

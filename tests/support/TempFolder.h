@@ -1,5 +1,5 @@
-// A fresh folder under the system's temporary directory, removed with everything in it
-// when the test ends, plus small whole-file helpers.
+// A fresh folder under the system's temporary directory, removed with its contents when
+// the test ends; whole-file helpers; and an environment variable set for a scope.
 #pragma once
 
 #include <cstdlib>
@@ -12,20 +12,13 @@ class TempFolder {
 public:
     TempFolder() {
         std::string pattern = (std::filesystem::temp_directory_path() / "zephyra-XXXXXX").string();
-        if (!mkdtemp(pattern.data())) {
-            std::abort();
-        }
-        m_path = pattern + "/";
+        m_path = std::string(mkdtemp(pattern.data())) + "/";
     }
-    ~TempFolder() {
-        std::error_code ignored;
-        std::filesystem::remove_all(m_path, ignored);
-    }
+    ~TempFolder() { std::filesystem::remove_all(m_path); }
     TempFolder(const TempFolder&) = delete;
     TempFolder& operator=(const TempFolder&) = delete;
 
-    // The folder, ending in "/".
-    const std::string& Path() const { return m_path; }
+    const std::string& Path() const { return m_path; } // ends in "/"
     std::string operator/(const std::string& name) const { return m_path + name; }
 
 private:
@@ -41,28 +34,20 @@ inline std::string ReadWholeFile(const std::string& path) {
     return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
 }
 
-// Sets an environment variable for the lifetime of the object, then restores it.
 class ScopedEnv {
 public:
     ScopedEnv(const char* name, const std::string& value) : m_name(name) {
-        if (const char* old = std::getenv(name)) {
-            m_old = old;
-            m_hadOld = true;
-        }
+        const char* old = std::getenv(name);
+        m_old = old ? old : "";
+        m_hadOld = old != nullptr;
         setenv(name, value.c_str(), 1);
     }
-    ~ScopedEnv() {
-        if (m_hadOld) {
-            setenv(m_name, m_old.c_str(), 1);
-        } else {
-            unsetenv(m_name);
-        }
-    }
+    ~ScopedEnv() { m_hadOld ? setenv(m_name, m_old.c_str(), 1) : unsetenv(m_name); }
     ScopedEnv(const ScopedEnv&) = delete;
     ScopedEnv& operator=(const ScopedEnv&) = delete;
 
 private:
     const char* m_name;
     std::string m_old;
-    bool m_hadOld = false;
+    bool m_hadOld;
 };
