@@ -4,8 +4,21 @@
 # path is compared bit for bit with a plain evaluation of its formulas.
 add_compile_options(-Wall -Wextra -ffp-contract=off -fno-fast-math)
 
+# A fuzzing build: everything instrumented for libFuzzer's coverage feedback and checked
+# by AddressSanitizer and UndefinedBehaviorSanitizer, whose reports end the run.
+option(ZEPHYRA_FUZZ "Build the fuzz targets with libFuzzer (clang only)" OFF)
+if(ZEPHYRA_FUZZ)
+    if(NOT CMAKE_CXX_COMPILER_ID STREQUAL "Clang" OR NOT ZEPHYRA_SANITIZE STREQUAL "")
+        message(FATAL_ERROR "ZEPHYRA_FUZZ needs clang and an empty ZEPHYRA_SANITIZE")
+    endif()
+    add_compile_options(-fsanitize=fuzzer-no-link,address,undefined
+        -fno-sanitize-recover=undefined -fno-omit-frame-pointer)
+    add_link_options(-fsanitize=address,undefined)
+endif()
+
 if(ZEPHYRA_SANITIZE STREQUAL "address")
-    add_compile_options(-fsanitize=address,undefined -fno-omit-frame-pointer)
+    add_compile_options(-fsanitize=address,undefined -fno-sanitize-recover=undefined
+                        -fno-omit-frame-pointer)
     add_link_options(-fsanitize=address,undefined)
 elseif(ZEPHYRA_SANITIZE STREQUAL "thread")
     add_compile_options(-fsanitize=thread -fno-omit-frame-pointer)
