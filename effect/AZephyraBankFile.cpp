@@ -76,7 +76,9 @@ void AZephyra::open() {
 void AZephyra::SetFactoryProgram() {
     const std::string path = std::string(m_pluginFolder) + kDefaultBankFileName;
     std::vector<char> chunk;
-    if (ReadBankFile(path.c_str(), kZephyraUniqueId, chunk) == BankFileStatus::kRead) {
+    // A file whose chunk is empty leaves the factory bank as it is.
+    if (ReadBankFile(path.c_str(), kZephyraUniqueId, chunk) == BankFileStatus::kRead &&
+        !chunk.empty()) {
         std::memcpy(m_factoryBank.data(), chunk.data(), chunk.size());
     }
 }
