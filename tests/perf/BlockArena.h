@@ -7,6 +7,7 @@
 
 #include "ReferenceEqualizer.h"
 
+#include <cmath>
 #include <cstdint>
 #include <cstring>
 #include <random>
