@@ -123,4 +123,8 @@ private:
     // Conversion buffers of the double-precision path, sized with the block size so the
     // audio thread never allocates.
     std::vector<float> m_doubleScratch[4];
+    // What getChunk hands the host: a copy of the current bank taken at the call, so the
+    // host reads memory that automation on the audio thread does not write. It stays
+    // valid until the next getChunk.
+    alignas(ZephyraProgramRecord) char m_chunkImage[AZephyraProgram::kBytes];
 };

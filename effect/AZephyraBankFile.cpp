@@ -51,7 +51,7 @@ void AZephyra::findPluginFolder() {
 
 void AZephyra::open() {
     setProgram(0);
-    m_initialBank = m_currentBank;
+    m_currentBank.CopyTo(m_initialBank.data());
 
     findPluginFolder();
     std::string path = PathToFileURL(FileURLToPath(PreferencesFolderURL()) + kDefaultBankFileName);
@@ -69,7 +69,7 @@ void AZephyra::open() {
     default:
         return;
     }
-    m_initialBank = m_currentBank;
+    m_currentBank.CopyTo(m_initialBank.data());
     SetFactoryProgram();
 }
 
@@ -92,12 +92,12 @@ void AZephyra::SaveProgram(int destination, CString name) {
 
     // The edits move to the destination, which no longer counts as changed; the source
     // program returns to its initial state (both hold the saved values when they are one).
-    m_currentBank[destination] = m_currentBank[source];
+    m_currentBank.SetRecord(destination, m_currentBank.GetRecord(source));
     SetProgramRecordName(m_currentBank[destination], name);
-    m_initialBank[destination] = m_currentBank[destination];
-    m_currentBank[source] = m_initialBank[source];
+    m_initialBank[destination] = m_currentBank.GetRecord(destination);
+    m_currentBank.SetRecord(source, m_initialBank[source]);
 
-    curProgram = destination;
+    RelaxedStore(curProgram, destination);
     setProgram(destination);
     m_currentBank.StoreProgramNumber(curProgram);
 
@@ -119,9 +119,11 @@ bool AZephyra::writeBankFile(const std::string& path) {
     if (!file.Open(temporary.c_str(), CFile::modeCreate | CFile::modeWrite | CFile::typeBinary)) {
         return false;
     }
-    const bool written = WriteBankFile(file, kZephyraUniqueId, m_currentBank.data(),
-                                       static_cast<uint32_t>(AZephyraProgram::kBytes)) &&
-                         file.Flush();
+    std::vector<char> image(AZephyraProgram::kBytes);
+    m_currentBank.CopyTo(image.data());
+    const bool written =
+        WriteBankFile(file, kZephyraUniqueId, image.data(), static_cast<uint32_t>(image.size())) &&
+        file.Flush();
     const bool closed = file.Close();
     if (!written || !closed || std::rename(temporary.c_str(), path.c_str()) != 0) {
         std::remove(temporary.c_str());

@@ -21,8 +21,10 @@ constexpr int kDisplayText = 64; // enough for "%.1f" of any float
 
 void AZephyra::storeNormalised(int index, float value) {
     m_fParam[index] = value;
-    if (curProgram >= 0 && curProgram < kNumPrograms) {
-        m_currentBank[curProgram].param[index] = value;
+    // Read once: on the audio thread a program change may arrive from the other meanwhile.
+    const int program = RelaxedLoad(curProgram);
+    if (program >= 0 && program < kNumPrograms) {
+        m_currentBank.SetParam(program, index, value);
     }
 }
 

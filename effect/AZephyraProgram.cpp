@@ -1,7 +1,9 @@
 #include "AZephyraProgram.h"
 
 #include "PlatformFolders.h"
+#include "RelaxedAtomic.h"
 
+#include <algorithm>
 #include <cstring>
 
 namespace {
@@ -40,6 +42,62 @@ void AZephyraProgram::StoreProgramNumber(int program) {
     const int32_t stored = program;
     std::memcpy(reinterpret_cast<char*>(m_records) + kCurrentProgramOffset, &stored,
                 sizeof(stored));
+}
+
+float AZephyraProgram::GetParam(int program, int index) const {
+    return RelaxedLoad(m_records[program].param[index]);
+}
+
+void AZephyraProgram::SetParam(int program, int index, float value) {
+    RelaxedStore(m_records[program].param[index], value);
+}
+
+ZephyraProgramRecord AZephyraProgram::GetRecord(int program) const {
+    ZephyraProgramRecord record;
+    for (int index = 0; index < kNumParams; ++index) {
+        record.param[index] = GetParam(program, index);
+    }
+    std::memcpy(record.name, m_records[program].name, sizeof(record.name));
+    return record;
+}
+
+void AZephyraProgram::SetRecord(int program, const ZephyraProgramRecord& record) {
+    Overwrite(sizeof(ZephyraProgramRecord) * program, &record, sizeof(record));
+}
+
+void AZephyraProgram::Overwrite(size_t offset, const void* bytes, size_t count) {
+    const auto* source = static_cast<const char*>(bytes);
+    auto* bank = reinterpret_cast<char*>(m_records);
+    const size_t end = std::min(offset + count, kBytes);
+    constexpr size_t kParameterBytes = sizeof(float) * kNumParams;
+    for (size_t position = offset; position < end;) {
+        const size_t inRecord = position % sizeof(ZephyraProgramRecord);
+        if (inRecord >= kParameterBytes) {
+            // Name bytes, up to the end of this record.
+            const size_t length =
+                std::min(end, position - inRecord + sizeof(ZephyraProgramRecord)) - position;
+            std::memcpy(bank + position, source + (position - offset), length);
+            position += length;
+            continue;
+        }
+        const int program = static_cast<int>(position / sizeof(ZephyraProgramRecord));
+        const int index = static_cast<int>(inRecord / sizeof(float));
+        const size_t wordStart = position - inRecord % sizeof(float);
+        const size_t wordEnd = std::min(end, wordStart + sizeof(float));
+        float word = GetParam(program, index);
+        std::memcpy(reinterpret_cast<char*>(&word) + (position - wordStart),
+                    source + (position - offset), wordEnd - position);
+        SetParam(program, index, word);
+        position = wordEnd;
+    }
+}
+
+void AZephyraProgram::CopyTo(void* image) const {
+    auto* records = static_cast<ZephyraProgramRecord*>(image);
+    for (int program = 0; program < kNumPrograms; ++program) {
+        const ZephyraProgramRecord record = GetRecord(program);
+        std::memcpy(&records[program], &record, sizeof(record));
+    }
 }
 
 void SetProgramRecordName(ZephyraProgramRecord& record, const char* name) {

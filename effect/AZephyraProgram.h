@@ -2,6 +2,12 @@
 // normalised parameter values and a name. The effect keeps three: the current bank, the
 // initial snapshot taken at open, and the factory bank read from the default bank file.
 // The memory image is exactly what hosts store as the chunk.
+//
+// The parameter words of the current bank are shared with the audio thread: host
+// automation writes the current program's values there while the user-interface thread
+// copies, compares and exchanges programs. Those words are reached through GetParam,
+// SetParam, GetRecord, SetRecord, Overwrite and CopyTo, which access them as relaxed
+// atomics; the names are only ever touched by the user-interface thread.
 #pragma once
 
 #include "ZephyraParameters.h"
@@ -37,6 +43,16 @@ public:
 
     int GetStoredProgramNumber() const;
     void StoreProgramNumber(int program);
+
+    float GetParam(int program, int index) const;
+    void SetParam(int program, int index, float value);
+    ZephyraProgramRecord GetRecord(int program) const;
+    void SetRecord(int program, const ZephyraProgramRecord& record);
+    // Writes count bytes of a bank image from bytes, starting at offset within the bank;
+    // a parameter word only partly covered keeps its other bytes.
+    void Overwrite(size_t offset, const void* bytes, size_t count);
+    // The whole bank image, as hosts store it.
+    void CopyTo(void* image) const;
 
 private:
     ZephyraProgramRecord m_records[kNumPrograms];

@@ -13,11 +13,14 @@ bool isProgram(int program) {
 
 constexpr size_t kParameterBytes = sizeof(float) * kNumParams;
 
-// Copies at most what fits, and nothing at all from a null or empty chunk.
-void copyChunk(void* target, size_t capacity, const void* data, int32_t byteSize) {
-    if (data && byteSize > 0) {
-        std::memcpy(target, data, std::min(static_cast<size_t>(byteSize), capacity));
-    }
+// How much of a chunk to take: at most what fits, and nothing at all from a null or empty
+// chunk.
+size_t chunkBytes(const void* data, int32_t byteSize, size_t capacity) {
+    return data && byteSize > 0 ? std::min(static_cast<size_t>(byteSize), capacity) : 0;
+}
+
+size_t recordOffset(int program) {
+    return sizeof(ZephyraProgramRecord) * static_cast<size_t>(program);
 }
 
 } // namespace
@@ -27,8 +30,8 @@ void AZephyra::setProgram(int32_t program) {
     if (!isProgram(program)) {
         return;
     }
-    curProgram = program;
-    const ZephyraProgramRecord& record = m_currentBank[program];
+    RelaxedStore(curProgram, program);
+    const ZephyraProgramRecord record = m_currentBank.GetRecord(program);
     for (int index = 0; index < kNumParams; ++index) {
         setParameter(index, record.param[index]);
     }
@@ -64,14 +67,18 @@ const char* AZephyra::GetProgramNameBytes(int program) const {
     return isProgram(program) ? m_currentBank[program].name : "";
 }
 
-// The host reads the bank's own memory; nothing is copied.
+// The host reads a copy of the bank taken now (a program chunk is its record within that
+// copy): automation on the audio thread may go on writing the bank itself meanwhile.
 int32_t AZephyra::getChunk(void** data, bool isPreset) {
+    if (!isPreset) {
+        m_currentBank.StoreProgramNumber(curProgram);
+    }
+    m_currentBank.CopyTo(m_chunkImage);
     if (isPreset) {
-        *data = &m_currentBank[curProgram];
+        *data = m_chunkImage + recordOffset(curProgram);
         return sizeof(ZephyraProgramRecord);
     }
-    m_currentBank.StoreProgramNumber(curProgram);
-    *data = m_currentBank.data();
+    *data = m_chunkImage;
     return static_cast<int32_t>(AZephyraProgram::kBytes);
 }
 
@@ -79,12 +86,13 @@ int32_t AZephyra::getChunk(void** data, bool isPreset) {
 // covers, a long one is cut. A current program number outside the bank keeps the present one.
 int32_t AZephyra::setChunk(void* data, int32_t byteSize, bool isPreset) {
     if (isPreset) {
-        copyChunk(&m_currentBank[curProgram], sizeof(ZephyraProgramRecord), data, byteSize);
+        m_currentBank.Overwrite(recordOffset(curProgram), data,
+                                chunkBytes(data, byteSize, sizeof(ZephyraProgramRecord)));
     } else {
-        copyChunk(m_currentBank.data(), AZephyraProgram::kBytes, data, byteSize);
+        m_currentBank.Overwrite(0, data, chunkBytes(data, byteSize, AZephyraProgram::kBytes));
         const int stored = m_currentBank.GetStoredProgramNumber();
         if (isProgram(stored)) {
-            curProgram = stored;
+            RelaxedStore(curProgram, stored);
         }
     }
     if (ZephyraPanel* p = panel()) {
@@ -95,8 +103,8 @@ int32_t AZephyra::setChunk(void* data, int32_t byteSize, bool isPreset) {
 }
 
 bool AZephyra::IsProgramChanged() {
-    return std::memcmp(m_currentBank[curProgram].param, m_initialBank[curProgram].param,
-                       kParameterBytes) != 0;
+    const ZephyraProgramRecord current = m_currentBank.GetRecord(curProgram);
+    return std::memcmp(current.param, m_initialBank[curProgram].param, kParameterBytes) != 0;
 }
 
 void AZephyra::requestHostDisplayUpdate() {
@@ -114,17 +122,17 @@ void AZephyra::afterProgramRevert() {
 }
 
 void AZephyra::ProgramToInitial() {
-    m_currentBank[curProgram] = m_initialBank[curProgram];
+    m_currentBank.SetRecord(curProgram, m_initialBank[curProgram]);
     afterProgramRevert();
 }
 
 void AZephyra::ProgramToAllInitial() {
-    std::memcpy(m_currentBank.data(), m_initialBank.data(), AZephyraProgram::kBytes);
+    m_currentBank.Overwrite(0, m_initialBank.data(), AZephyraProgram::kBytes);
     afterProgramRevert();
 }
 
 void AZephyra::ProgramToFactory() {
-    m_currentBank[curProgram] = m_factoryBank[curProgram];
+    m_currentBank.SetRecord(curProgram, m_factoryBank[curProgram]);
     afterProgramRevert();
 }
 
@@ -135,7 +143,7 @@ void AZephyra::CopyPgFrom(int source) {
     if (!isProgram(source)) {
         return;
     }
-    m_currentBank[curProgram] = m_currentBank[source];
+    m_currentBank.SetRecord(curProgram, m_currentBank.GetRecord(source));
     setProgram(curProgram);
     requestHostDisplayUpdate();
 }

@@ -168,12 +168,13 @@ void AZephyra::ConvertFrom(const char* listPath, const char* programPathPrefix) 
     for (int entry = 0; entry < entries; ++entry) {
         char name[kHeaderLine + 1] = {};
         list.getline(name, kHeaderLine);
-        ZephyraProgramRecord& record = m_currentBank[entry];
+        ZephyraProgramRecord record = m_currentBank.GetRecord(entry);
         SetProgramRecordName(record, name);
         const std::string path = std::string(programPathPrefix) + name + ".PGM";
         LoadPGMFileBody(path.c_str(), valueLine);
         applyValueLine(valueLine, flags, record);
         applyTypes(flags, record);
+        m_currentBank.SetRecord(entry, record);
     }
     list.close();
 }
