@@ -1,0 +1,161 @@
+// The effect's life as hosts lead it: set-up requests in every order, repeated or left
+// out, closing from any state, and many whole sessions one after another. Nothing may
+// leak: not memory (LeakSanitizer in the address-sanitizer build, the allocator's own
+// figures elsewhere), not file descriptors, not threads.
+#include "PluginChecks.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <dirent.h>
+#include <malloc.h>
+#include <string>
+#include <vector>
+
+namespace {
+
+#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
+constexpr bool kSanitizedBuild = true;
+#elif defined(__has_feature)
+constexpr bool kSanitizedBuild =
+    __has_feature(address_sanitizer) || __has_feature(thread_sanitizer);
+#else
+constexpr bool kSanitizedBuild = false;
+#endif
+
+struct Step {
+    const char* name;
+    int32_t opcode;
+    intptr_t value;
+    float opt;
+};
+
+// What a host may send before and between blocks.
+const Step kSteps[] = {
+    {"open", effOpen, 0, 0.0f},
+    {"mains-on", effMainsChanged, 1, 0.0f},
+    {"mains-off", effMainsChanged, 0, 0.0f},
+    {"start-process", effStartProcess, 0, 0.0f},
+    {"stop-process", effStopProcess, 0, 0.0f},
+    {"sample-rate", effSetSampleRate, 0, 96000.0f},
+    {"block-size", effSetBlockSize, 256, 0.0f},
+};
+constexpr int kStepCount = sizeof(kSteps) / sizeof(kSteps[0]);
+constexpr int kFrames = 64;
+
+std::string describe(const std::vector<int>& order) {
+    std::string text;
+    for (const int step : order) {
+        text += std::string(text.empty() ? "" : ", ") + kSteps[step].name;
+    }
+    return text;
+}
+
+// Runs the steps in order, checking the effect before the first and after each, then
+// closes it. Answers the first problem, if any.
+std::string runSession(const std::vector<int>& order, Noise& noise) {
+    HostedPlugin plugin;
+    std::string problem = EffectProblem(plugin, noise, kFrames, false);
+    for (const int step : order) {
+        if (!problem.empty()) {
+            break;
+        }
+        plugin.Dispatch(kSteps[step].opcode, 0, kSteps[step].value, nullptr, kSteps[step].opt);
+        problem = EffectProblem(plugin, noise, kFrames, step % 2 == 0);
+    }
+    return problem.empty() ? problem : problem + " after " + describe(order);
+}
+
+size_t entriesIn(const char* folder) {
+    size_t count = 0;
+    if (DIR* directory = opendir(folder)) {
+        while (readdir(directory)) {
+            ++count;
+        }
+        closedir(directory);
+    }
+    return count;
+}
+
+// A default bank file for open to read, written by the effect itself.
+void saveDefaultBank() {
+    HostedPlugin plugin;
+    plugin.Start(44100.0f, 256);
+    plugin.SetParameter(kParamGain1, 0.9f);
+    plugin.Effect().SaveProgram(3, "Saved");
+}
+
+class Lifecycle : public testing::Test {
+protected:
+    void SetUp() override { saveDefaultBank(); }
+    void TearDown() override { HostFolders::Get().RemoveBankFiles(); }
+};
+
+TEST_F(Lifecycle, EveryOrderOfTheSetUpRequests) {
+    std::vector<int> order(kStepCount);
+    for (int i = 0; i < kStepCount; ++i) {
+        order[i] = i;
+    }
+    Noise noise(31);
+    long sessions = 0;
+    do {
+        ASSERT_EQ(runSession(order, noise), "");
+        ++sessions;
+    } while (std::next_permutation(order.begin(), order.end()));
+    EXPECT_EQ(sessions, 5040);
+}
+
+TEST_F(Lifecycle, RepeatedAndMissingRequests) {
+    const std::vector<std::vector<int>> orders = {
+        {},                       // closed right after it was made
+        {0},                      // opened, never switched on
+        {0, 0, 1, 1},             // opened and switched on twice
+        {1, 2, 1, 2, 1, 2},       // switched on and off without ever being opened
+        {0, 1, 3, 3, 4, 4, 2, 2}, // processing started and stopped twice
+        {5, 6, 0, 1},             // the stream set before open
+        {0, 1, 5, 6, 5, 6, 2, 1}, // the stream changed while switched on
+        {0, 1},                   // closed while switched on
+    };
+    Noise noise(37);
+    for (const std::vector<int>& order : orders) {
+        EXPECT_EQ(runSession(order, noise), "");
+    }
+}
+
+// Memory still in use, from the allocator itself; meaningless under a sanitizer, whose
+// leak checker covers those builds.
+size_t heapInUse() {
+    const struct mallinfo2 info = mallinfo2();
+    return info.uordblks + info.hblkhd;
+}
+
+TEST_F(Lifecycle, ThousandsOfSessionsLeaveNothingBehind) {
+    constexpr int kSessions = 2000;
+    Noise noise(41);
+    const auto session = [&noise] {
+        HostedPlugin plugin;
+        plugin.Start(44100.0f, 256);
+        EXPECT_EQ(AudioProblem(plugin, noise, 256, false), "");
+        EXPECT_EQ(AudioProblem(plugin, noise, 256, true), "");
+        void* chunk = nullptr;
+        const auto size = static_cast<int32_t>(plugin.Dispatch(effGetChunk, 0, 0, &chunk));
+        const std::vector<char> copy(static_cast<char*>(chunk), static_cast<char*>(chunk) + size);
+        plugin.Dispatch(effSetChunk, 0, size, const_cast<char*>(copy.data()));
+        plugin.Dispatch(effMainsChanged, 0, 0);
+    };
+    session(); // anything made once per process is made now
+    const size_t heapBefore = heapInUse();
+    const size_t descriptorsBefore = entriesIn("/proc/self/fd");
+    const size_t threadsBefore = entriesIn("/proc/self/task");
+    for (int i = 0; i < kSessions; ++i) {
+        session();
+    }
+    EXPECT_EQ(entriesIn("/proc/self/fd"), descriptorsBefore);
+    EXPECT_EQ(entriesIn("/proc/self/task"), threadsBefore);
+    if (!kSanitizedBuild) {
+        EXPECT_EQ(heapInUse(), heapBefore);
+    }
+    std::printf("%d sessions\n", kSessions + 1);
+}
+
+} // namespace

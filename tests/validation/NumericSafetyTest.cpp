@@ -1,0 +1,191 @@
+// Hostile stream settings: sample rates and block sizes no audio system uses. Each is
+// refused and the last valid setting stays, which shows as output identical to an
+// effect that never received the hostile value.
+#include "PluginChecks.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+
+namespace {
+
+using Limits = std::numeric_limits<float>;
+
+constexpr float kValidRate = 48000.0f;
+constexpr int32_t kValidBlock = 512;
+
+struct HostileSetting {
+    const char* name;
+    int32_t opcode;
+    intptr_t value;
+    float opt;
+};
+
+const HostileSetting kHostileSettings[] = {
+    {"RateZero", effSetSampleRate, 0, 0.0f},
+    {"RateNegativeZero", effSetSampleRate, 0, -0.0f},
+    {"RateNegative", effSetSampleRate, 0, -44100.0f},
+    {"RateNaN", effSetSampleRate, 0, Limits::quiet_NaN()},
+    {"RateInfinite", effSetSampleRate, 0, Limits::infinity()},
+    {"RateMinusInfinity", effSetSampleRate, 0, -Limits::infinity()},
+    {"RateDenormal", effSetSampleRate, 0, Limits::denorm_min()},
+    {"RateBelowOneHertz", effSetSampleRate, 0, 0.5f},
+    {"RateHuge", effSetSampleRate, 0, 1e30f},
+    {"RateLargestFloat", effSetSampleRate, 0, Limits::max()},
+    {"BlockZero", effSetBlockSize, 0, 0.0f},
+    {"BlockNegative", effSetBlockSize, -1, 0.0f},
+    {"BlockMostNegative", effSetBlockSize, std::numeric_limits<int32_t>::min(), 0.0f},
+    {"BlockLargestInt", effSetBlockSize, std::numeric_limits<int32_t>::max(), 0.0f},
+    {"BlockBillion", effSetBlockSize, 1 << 30, 0.0f},
+    {"BlockBeyond32Bits", effSetBlockSize, static_cast<intptr_t>(1) << 40, 0.0f},
+    {"BothThroughTheCombinedRequest", effSetBlockSizeAndSampleRate, -1, Limits::quiet_NaN()},
+};
+
+// Settings under which the sample rate matters: a boost and a cut near both ends.
+void shapeTheSound(HostedPlugin& plugin) {
+    plugin.SetParameter(kParamType1, 0.5f); // peaking
+    plugin.SetParameter(kParamGain1, 1.0f);
+    plugin.SetParameter(kParamFreq1, 0.4f);
+    plugin.SetParameter(kParamQ1, 0.8f);
+    plugin.SetParameter(kParamType2, 1.0f); // high shelf
+    plugin.SetParameter(kParamGain2, 0.0f);
+    plugin.SetParameter(kParamFreq2, 0.1f);
+}
+
+void expectSameOutput(HostedPlugin& plugin, HostedPlugin& reference, bool doublePrecision) {
+    Noise noise(5);
+    for (int block = 0; block < 8; ++block) {
+        const int frames = block == 0 ? 1 : kValidBlock - block;
+        if (doublePrecision) {
+            GuardedStereo<double> input(frames), expected(frames), output(frames);
+            input.Fill(noise, 1.0f);
+            reference.ProcessDouble(input.Channels(), expected.Channels(), frames);
+            plugin.ProcessDouble(input.Channels(), output.Channels(), frames);
+            ASSERT_TRUE(output.AllFinite() && output.GuardsIntact());
+            for (int c = 0; c < 2; ++c) {
+                ASSERT_TRUE(
+                    std::equal(output.Channel(c), output.Channel(c) + frames, expected.Channel(c)));
+            }
+        } else {
+            GuardedStereo<float> input(frames), expected(frames), output(frames);
+            input.Fill(noise, 1.0f);
+            reference.Process(input.Channels(), expected.Channels(), frames);
+            plugin.Process(input.Channels(), output.Channels(), frames);
+            ASSERT_TRUE(output.AllFinite() && output.GuardsIntact());
+            for (int c = 0; c < 2; ++c) {
+                ASSERT_TRUE(
+                    std::equal(output.Channel(c), output.Channel(c) + frames, expected.Channel(c)));
+            }
+        }
+    }
+}
+
+class HostileStreamSetting : public testing::TestWithParam<HostileSetting> {};
+
+TEST_P(HostileStreamSetting, KeepsTheLastValidSetting) {
+    for (const bool doublePrecision : {false, true}) {
+        HostedPlugin plugin, reference;
+        for (HostedPlugin* p : {&plugin, &reference}) {
+            p->Start(kValidRate, kValidBlock);
+            shapeTheSound(*p);
+        }
+        const HostileSetting& setting = GetParam();
+        plugin.Dispatch(setting.opcode, 0, setting.value, nullptr, setting.opt);
+        expectSameOutput(plugin, reference, doublePrecision);
+    }
+}
+
+// The same value arriving before any valid one: the effect keeps its defaults.
+TEST_P(HostileStreamSetting, BeforeAnyValidSettingKeepsTheDefaults) {
+    HostedPlugin plugin;
+    const HostileSetting& setting = GetParam();
+    plugin.Dispatch(setting.opcode, 0, setting.value, nullptr, setting.opt);
+    plugin.Dispatch(effOpen);
+    plugin.Dispatch(effMainsChanged, 0, 1);
+    shapeTheSound(plugin);
+    Noise noise(9);
+    // The default block size is 256; hosts that never announce one still stay within it.
+    EXPECT_EQ(EffectProblem(plugin, noise, 256, false), "");
+    EXPECT_EQ(AudioProblem(plugin, noise, 256, true), "");
+}
+
+INSTANTIATE_TEST_SUITE_P(NumericSafety, HostileStreamSetting, testing::ValuesIn(kHostileSettings),
+                         [](const testing::TestParamInfo<HostileSetting>& info) {
+                             return info.param.name;
+                         });
+
+// A host that processes more frames than it announced gets the block equalised in
+// pieces, in both precisions, without a write outside the buffers.
+TEST(NumericSafety, BlocksLongerThanAnnouncedStayInsideTheBuffers) {
+    HostedPlugin plugin;
+    plugin.Start(kValidRate, 64);
+    shapeTheSound(plugin);
+    Noise noise(13);
+    for (const int frames : {65, 128, 1000, 70000}) {
+        EXPECT_EQ(AudioProblem(plugin, noise, frames, false), "") << frames;
+        EXPECT_EQ(AudioProblem(plugin, noise, frames, true), "") << frames;
+    }
+}
+
+// Blocks of no frames or a negative count touch nothing.
+TEST(NumericSafety, EmptyAndNegativeBlocksTouchNothing) {
+    HostedPlugin plugin;
+    plugin.Start(kValidRate, kValidBlock);
+    for (const int32_t frames : {0, -1, -512, std::numeric_limits<int32_t>::min()}) {
+        GuardedStereo<float> input(0), output(0);
+        plugin.Process(input.Channels(), output.Channels(), frames);
+        EXPECT_TRUE(input.GuardsIntact() && output.GuardsIntact()) << frames;
+        GuardedStereo<double> inputDouble(0), outputDouble(0);
+        plugin.ProcessDouble(inputDouble.Channels(), outputDouble.Channels(), frames);
+        EXPECT_TRUE(inputDouble.GuardsIntact() && outputDouble.GuardsIntact()) << frames;
+    }
+}
+
+// Every valid rate the effect accepts, with the bands at the ends of their ranges: the
+// filters stay stable, so a second of audio-range noise comes out finite and bounded.
+class ValidRate : public testing::TestWithParam<float> {};
+
+TEST_P(ValidRate, ExtremeBandsStayStable) {
+    const float rate = GetParam();
+    for (const float type : {0.0f, 0.5f, 1.0f}) {
+        for (const float gain : {0.0f, 0.5f, 1.0f}) {
+            for (const float freq : {0.0f, 1.0f}) {
+                for (const float q : {0.0f, 1.0f}) {
+                    HostedPlugin plugin;
+                    plugin.Start(rate, 4096);
+                    for (const int band : {0, 1}) {
+                        const int first = band == 0 ? kParamType1 : kParamType2;
+                        plugin.SetParameter(first, type);
+                        plugin.SetParameter(first + 1, gain);
+                        plugin.SetParameter(first + 2, freq);
+                        plugin.SetParameter(first + 3, q);
+                    }
+                    plugin.SetParameter(kParamOutput, 1.0f);
+                    Noise noise(17);
+                    float peak = 0.0f;
+                    for (int block = 0; block < 48; ++block) {
+                        GuardedStereo<float> input(4096), output(4096);
+                        input.Fill(noise, 1.0f);
+                        plugin.Process(input.Channels(), output.Channels(), 4096);
+                        peak = std::max(peak, output.Peak());
+                    }
+                    // Far above what stable filters make of this noise (two bands at +12 dB
+                    // and the output at +6 dB), far below what any growth reaches.
+                    EXPECT_LT(peak, 256.0f) << "rate " << rate << " type " << type << " gain "
+                                            << gain << " freq " << freq << " q " << q;
+                }
+            }
+        }
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(NumericSafety, ValidRate,
+                         testing::Values(1.0f, 8000.0f, 22050.0f, 44100.0f, 96000.0f, 192000.0f,
+                                         384000.0f, 768000.0f, 10000000.0f),
+                         [](const testing::TestParamInfo<float>& info) {
+                             return "Rate" + std::to_string(static_cast<long>(info.param));
+                         });
+
+} // namespace

@@ -1,0 +1,46 @@
+// Runs a fuzz target over stored inputs without libFuzzer, so that ordinary builds (and
+// their sanitizers) replay the corpus on every test run. Arguments are files or folders
+// of files; a replay that finds no input at all fails, since it would prove nothing.
+#include "FuzzInput.h"
+
+#include <algorithm>
+#include <cstdio>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <string>
+#include <vector>
+
+namespace {
+
+std::vector<std::filesystem::path> inputsIn(const char* argument) {
+    std::vector<std::filesystem::path> paths;
+    if (std::filesystem::is_directory(argument)) {
+        for (const auto& entry : std::filesystem::directory_iterator(argument)) {
+            if (entry.is_regular_file()) {
+                paths.push_back(entry.path());
+            }
+        }
+        std::sort(paths.begin(), paths.end());
+    } else if (std::filesystem::is_regular_file(argument)) {
+        paths.emplace_back(argument);
+    }
+    return paths;
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    size_t replayed = 0;
+    for (int i = 1; i < argc; ++i) {
+        for (const std::filesystem::path& path : inputsIn(argv[i])) {
+            std::ifstream file(path, std::ios::binary);
+            const std::vector<char> bytes{std::istreambuf_iterator<char>(file),
+                                          std::istreambuf_iterator<char>()};
+            LLVMFuzzerTestOneInput(reinterpret_cast<const uint8_t*>(bytes.data()), bytes.size());
+            ++replayed;
+        }
+    }
+    std::printf("replayed %zu inputs\n", replayed);
+    return replayed > 0 ? 0 : 1;
+}
