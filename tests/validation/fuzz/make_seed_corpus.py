@@ -4,7 +4,10 @@
 Each seed is a small, deliberate case in the layout its target reads: a well-formed one
 to start the fuzzer from, and the hostile shapes a host or a damaged file may produce.
 Inputs the fuzzers found on their own sit beside them under their hash names; running
-this script again rewrites only the seeds.
+this script again rewrites only the seeds. To fold a longer fuzzing run into the stored
+corpus, keeping only inputs that reach new code, from a ZEPHYRA_FUZZ build:
+
+    fuzz_<target> -merge=1 -use_counters=0 corpus/<target> <folder of the run's inputs>
 """
 import math
 import pathlib
