@@ -57,6 +57,12 @@ bool CDC::ExtTextOut(int x, int y, UINT options, const RECT* rect, const char* t
     const double left = x + m_origin.x;
     const double baseline = y + m_origin.y + ascent;
     cairo_save(cr);
+    if ((options & ETO_CLIPPED) && rect) {
+        CRect clip(*rect);
+        clip.OffsetRect(m_origin);
+        cairo_rectangle(cr, clip.left, clip.top, clip.Width(), clip.Height());
+        cairo_clip(cr);
+    }
     SetSourceColor(cr, m_textColor);
     layout.Draw(cr, left, baseline);
     cairo_restore(cr);

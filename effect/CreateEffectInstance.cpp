@@ -1,5 +1,0 @@
-#include "AZephyra.h"
-
-AudioEffect* createEffectInstance(audioMasterCallback audioMaster) {
-    return new AZephyra(audioMaster);
-}
