@@ -1,7 +1,8 @@
-# The plug-in module: one shared object that exports VSTPluginMain and nothing else.
+# The plug-in module: one shared object that exports VSTPluginMain and nothing else. The
+# effect comes with its editor.
 add_library(Zephyra MODULE ${PROJECT_SOURCE_DIR}/host/VSTPluginMain.cpp
-    $<TARGET_OBJECTS:zephyra_effect_entry>)
-target_link_libraries(Zephyra PRIVATE zephyra_effect)
+    $<TARGET_OBJECTS:zephyra_editor_entry>)
+target_link_libraries(Zephyra PRIVATE zephyra_editor)
 set_target_properties(Zephyra PROPERTIES
     PREFIX ""
     LIBRARY_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}

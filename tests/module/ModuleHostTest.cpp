@@ -16,12 +16,11 @@ namespace {
 // Opcode numbers as hosts know them.
 constexpr int32_t kOpen = 0, kClose = 1, kSetProgram = 2, kGetProgram = 3, kGetParamLabel = 6,
                   kGetParamDisplay = 7, kGetParamName = 8, kGetVu = 9, kSetSampleRate = 10,
-                  kSetBlockSize = 11, kMainsChanged = 12, kEditGetRect = 13, kIdentify = 22,
-                  kGetChunk = 23, kSetChunk = 24, kConnectInput = 31, kConnectOutput = 32,
-                  kGetPlugCategory = 35, kSetBlockSizeAndRate = 43, kGetEffectName = 45,
-                  kGetVendorString = 47, kGetProductString = 48, kGetVendorVersion = 49,
-                  kCanDo = 51, kGetParameterProperties = 56, kKeysRequired = 57,
-                  kGetVstVersion = 58;
+                  kSetBlockSize = 11, kMainsChanged = 12, kIdentify = 22, kGetChunk = 23,
+                  kSetChunk = 24, kConnectInput = 31, kConnectOutput = 32, kGetPlugCategory = 35,
+                  kSetBlockSizeAndRate = 43, kGetEffectName = 45, kGetVendorString = 47,
+                  kGetProductString = 48, kGetVendorVersion = 49, kCanDo = 51,
+                  kGetParameterProperties = 56, kKeysRequired = 57, kGetVstVersion = 58;
 
 using EntryPoint = AEffect* (*)(audioMasterCallback);
 
@@ -101,11 +100,8 @@ TEST_F(ModuleHost, RecordAndStringsCarryTheIdentity) {
     EXPECT_EQ(record.numInputs, 2);
     EXPECT_EQ(record.numOutputs, 2);
     EXPECT_EQ(record.ioRatio, 1.0f);
-    // Mono, replacing and chunks; the editor bit goes with an editor (none until the
-    // editor is wired into the module, when the flags become 0x39).
-    ERect* rect = nullptr;
-    const bool hasEditor = plugin.Dispatch(kEditGetRect, 0, 0, &rect) != 0 && rect != nullptr;
-    EXPECT_EQ(record.flags, 0x38 | (hasEditor ? 1 : 0));
+    // An editor, mono, replacing and chunks.
+    EXPECT_EQ(record.flags, 0x39);
     EXPECT_EQ(plugin.Text(kGetEffectName), "Zephyra");
     EXPECT_EQ(plugin.Text(kGetProductString), "Zephyra");
     EXPECT_EQ(plugin.Text(kGetVendorString), "VELTRONA Co.,Ltd.");

@@ -1,0 +1,166 @@
+#include "CQMTNewBitmapTumamiDC.h"
+
+#include <cmath>
+
+namespace {
+
+// The half-turn constant of the angle mapping, with the precision it always had.
+constexpr double kHalfTurn = 3.141592653;
+
+// NaN counts as the minimum, so that no frame index is ever made from it.
+float ClampToRange(float value, float min, float max) {
+    if (value > max)
+        return max;
+    return value >= min ? value : min;
+}
+
+} // namespace
+
+void CQMTNewBitmapTumamiDC::Make(const CRect& knobRect, const CRect& readoutRect, CWnd* parent,
+                                 CQMTBitmap* strip, float min, float max, unsigned int id,
+                                 int frameCount, float angleFrom, float angleTo, int /*spare*/,
+                                 bool logarithmic, QMTControlCallback callback, void* user) {
+    m_knobRect = knobRect;
+    m_readoutRect = readoutRect;
+    m_parent = parent;
+    m_strip = strip;
+    m_min = min;
+    m_max = max;
+    m_id = id;
+    m_angleFrom = angleFrom;
+    m_angleTo = angleTo;
+    m_logarithmic = logarithmic;
+    m_callback = callback;
+    m_user = user;
+    m_value = kNoDragValue;
+    m_lastDragValue = kNoDragValue;
+    SetValue(min + 0.5f * (max - min), nullptr, false);
+    m_step = (max - min) / static_cast<float>(frameCount - 1);
+    m_dragging = false;
+}
+
+void CQMTNewBitmapTumamiDC::SetValue(float value, CDC* dc, bool notify) {
+    value = ClampToRange(value, m_min, m_max);
+    if (value == m_value)
+        return;
+    m_value = value;
+    m_angle = m_angleFrom +
+              static_cast<double>(m_angleTo - m_angleFrom) * (value - m_min) / (m_max - m_min);
+    m_lastDragValue = value;
+    if (notify && m_callback)
+        m_callback(static_cast<int>(m_id), value, m_user);
+    if (dc)
+        Draw(dc);
+    InvalidateReadout();
+}
+
+void CQMTNewBitmapTumamiDC::SetValue(CPoint point) {
+    const int dx = point.x - m_knobRect.left - m_knobRect.Width() / 2;
+    const int dy = point.y - m_knobRect.top - m_knobRect.Height() / 2;
+    // Kept as it always was: the vertical offset is compared with the half width and the
+    // horizontal one with the half height.
+    if (static_cast<double>(dy) == m_knobRect.Width() / 2 && dx > m_knobRect.Height() / 2)
+        return;
+    if (dx == 0 && dy == 0)
+        return;
+
+    // Degrees clockwise on screen from straight down: down 0, left 90, up 180, right 270.
+    // A knob held at one end does not jump to the other end when the pointer crosses the
+    // gap at the bottom of the arc.
+    double angle = 0.0;
+    if (dx == 0) {
+        if (m_lastDragValue == m_max)
+            angle = m_angleTo;
+        else if (m_lastDragValue == m_min)
+            angle = m_angleFrom;
+        else
+            angle = dy < 0 ? 180.0 : 0.0;
+    } else if (dx > 0) {
+        angle = m_lastDragValue == m_min ? m_angleFrom
+                                         : std::atan2(dx, dy) * -180.0 / kHalfTurn + 360.0;
+    } else {
+        angle = m_lastDragValue == m_max ? m_angleTo : std::atan2(dx, dy) * -180.0 / kHalfTurn;
+    }
+    if (angle < m_angleFrom)
+        angle = m_angleFrom;
+    if (angle > m_angleTo)
+        angle = m_angleTo;
+
+    const double travel = (angle - m_angleFrom) / (m_angleTo - m_angleFrom);
+    const double value =
+        m_logarithmic ? m_min + (m_max - m_min) * (std::pow(10.0, travel) - 1.0) / 9.0
+                      : m_min + (angle - m_angleFrom) * (m_max - m_min) / (m_angleTo - m_angleFrom);
+    m_value = static_cast<float>(value);
+    m_lastDragValue = m_value;
+    m_angle = angle;
+    InvalidateReadout();
+    // A drag reports every move, changed or not.
+    if (m_callback)
+        m_callback(static_cast<int>(m_id), m_value, m_user);
+}
+
+int CQMTNewBitmapTumamiDC::FrameIndex() const {
+    double position = (m_value - m_min) / m_step;
+    // Only meaningful for a 0..1 range: the decade curve is divided by the linear step.
+    if (m_logarithmic)
+        position = std::log10(9.0 * (m_value - m_min) / (m_max - m_min) + 1.0) / m_step;
+    return static_cast<int>(std::floor(position + 0.5));
+}
+
+void CQMTNewBitmapTumamiDC::Draw(CDC* dc) {
+    if (!dc)
+        return;
+    const int width = m_knobRect.Width();
+    const int height = m_knobRect.Height();
+    CDC strip;
+    strip.CreateCompatibleDC(dc);
+    CBitmap* previous = strip.SelectObject(m_strip);
+    dc->BitBlt(m_knobRect.left, m_knobRect.top, width, height, &strip, 0, FrameIndex() * height,
+               SRCCOPY);
+    strip.SelectObject(previous);
+}
+
+unsigned int CQMTNewBitmapTumamiDC::GetIndexValue() const {
+    return static_cast<unsigned int>(std::ceil((m_value - m_min) / m_step));
+}
+
+void CQMTNewBitmapTumamiDC::GetRect(CRect* rect) const {
+    if (rect)
+        *rect = m_knobRect;
+}
+
+void CQMTNewBitmapTumamiDC::SetNewRect(const CRect& knobRect, const CRect& readoutRect) {
+    m_knobRect = knobRect;
+    m_readoutRect = readoutRect;
+}
+
+bool CQMTNewBitmapTumamiDC::PtInTumami(CPoint point) {
+    if (!m_knobRect.PtInRect(point))
+        return false;
+    if (m_parent)
+        m_parent->SetCapture();
+    m_dragging = true;
+    return true;
+}
+
+void CQMTNewBitmapTumamiDC::OnMouseMove(CPoint point, CDC* dc) {
+    if (!m_dragging)
+        return;
+    SetValue(point);
+    Draw(dc);
+}
+
+void CQMTNewBitmapTumamiDC::OnLButtonUp(CPoint point, CDC* dc) {
+    if (!m_dragging)
+        return;
+    ReleaseCapture();
+    m_dragging = false;
+    SetValue(point);
+    m_lastDragValue = kReleasedDragValue;
+    Draw(dc);
+}
+
+void CQMTNewBitmapTumamiDC::InvalidateReadout() {
+    if (m_parent && !m_readoutRect.IsRectEmpty())
+        m_parent->InvalidateRect(&m_readoutRect, true);
+}

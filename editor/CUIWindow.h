@@ -1,0 +1,100 @@
+// The editor's main panel: a fixed-size child window as large as the background picture
+// that holds every control of the equaliser, paints itself from bitmaps, shows the values
+// as text, runs the level meters on a timer and turns the user's actions into parameter
+// changes. Owned by the editor (CZephyraEditor) while it is open; it owns its controls,
+// fonts and bitmaps. Everything here runs on the user-interface thread: what the effect
+// reports from other threads reaches it through the editor's PendingPanelUpdates.
+#pragma once
+
+#include "CFont.h"
+#include "CQMTBitmap.h"
+#include "CQMTBitmapSliderDC.h"
+#include "CQMTBitmapSwitch2DC.h"
+#include "CQMTNewBitmapTumamiDC.h"
+#include "CWnd.h"
+#include "MessageMap.h"
+#include "UIWindowLayout.h"
+#include "ZephyraEditorSeam.h"
+
+#include <array>
+#include <cstdint>
+
+class AZephyra;
+class CZephyraEditor;
+
+class CUIWindow : public CWnd, public ZephyraPanel {
+public:
+    CUIWindow();
+    ~CUIWindow() override;
+
+    // Creates the panel as a visible child of parent, as large as the background.
+    bool MakeWindow(CWnd* parent, CQMTBitmap* background, CZephyraEditor* editor);
+
+    // A parameter changed outside the panel: the control follows without telling anyone.
+    // Nothing happens before the panel's first paint.
+    void UpdateControl(int index, float value) override;
+    // The program or its modified state may have changed: the lamp and read-outs repaint.
+    void UpdateModify() override;
+    // The host's idle and every timer tick: pending changes, then the meters.
+    void idle();
+
+    // The one call-back of every control; user is the panel.
+    static bool ControlCallback(int id, float value, void* user);
+    // A control moved by the user: the effect applies the value and tells the host.
+    void ChangeControl(int id, float value);
+
+    void DrawGain1Disp(CDC* dc);
+    void DrawFreq1Disp(CDC* dc);
+    void DrawQ1Disp(CDC* dc);
+    void DrawGain2Disp(CDC* dc);
+    void DrawFreq2Disp(CDC* dc);
+    void DrawQ2Disp(CDC* dc);
+    void DrawOutDisp(CDC* dc);
+    void DrawInputDisp(CDC* dc);
+    void DrawVU(CDC* dc);
+
+    // What the panel shows, for its owner and for tests.
+    const CQMTNewBitmapTumamiDC& Knob(int slot) const { return m_knobs[slot]; }
+    const CQMTBitmapSliderDC& Slider(int slot) const { return m_sliders[slot]; }
+    const CQMTBitmapSwitch2DC& OnOffSwitch() const { return m_onOffSwitch; }
+    const CQMTBitmapSwitch2DC& TypeSwitch(int slot) const { return m_typeSwitches[slot]; }
+    const CQMTBitmapSwitch2DC& CopyButton() const { return m_copyButton; }
+    float MeterLevel(int meter) const { return m_meterLevels[meter]; }
+    bool IsPainted() const { return m_bPainted; }
+
+protected:
+    int OnCreate(CREATESTRUCT* create);
+    void OnPaint();
+    void OnSize(UINT type, int cx, int cy);
+    void OnTimer(UINT id);
+
+    DECLARE_MESSAGE_MAP()
+
+private:
+    AZephyra* Effect() const;
+    CQMTBitmap& Bitmap(int resource);
+    void LoadBitmaps();
+    void MakeControls();
+    void ShowEffectValues();
+    void DrawReadout(CDC* dc, int parameter, const RECT& rect);
+    void DrawLamp(CDC* dc, CDC* sources);
+    void DrawControls(CDC* dc);
+    void SelectType(int parameter, int type, CDC* dc);
+    void DeliverPendingUpdates();
+    void UpdateMeters();
+    void InvalidateProgramLamp();
+
+    CZephyraEditor* m_pEditor = nullptr;
+    CQMTBitmap* m_pBackground = nullptr;
+    std::array<CQMTBitmap, kPanelBitmapCount> m_bitmaps;
+    CFont m_smallFont; // the read-outs
+    CFont m_largeFont; // the entry window
+    std::array<CQMTNewBitmapTumamiDC, kKnobCount> m_knobs;
+    std::array<CQMTBitmapSliderDC, kSliderCount> m_sliders;
+    CQMTBitmapSwitch2DC m_onOffSwitch;
+    std::array<CQMTBitmapSwitch2DC, kTypeSwitchCount> m_typeSwitches;
+    CQMTBitmapSwitch2DC m_copyButton;
+    std::array<float, kMeterCount> m_meterLevels{};
+    bool m_bPainted = false;
+    std::uint16_t m_meterSequence = 0xFFFF;
+};

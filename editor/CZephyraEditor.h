@@ -1,0 +1,50 @@
+// The plug-in's editor as the host sees it: it reports the panel's size, opens the panel
+// (CUIWindow) inside the window the host hands over, idles and closes it. The effect makes
+// it and keeps it for its whole life; the panel exists only while the editor is open.
+#pragma once
+
+#include "CFrameWnd.h"
+#include "CQMTBitmap.h"
+#include "PendingPanelUpdates.h"
+#include "ZephyraEditorSeam.h"
+
+#include <atomic>
+#include <memory>
+
+class AZephyra;
+class CUIWindow;
+
+class CZephyraEditor : public ZephyraEditorBase {
+public:
+    // Registers itself with the effect.
+    explicit CZephyraEditor(AZephyra* effect);
+    ~CZephyraEditor() override;
+    CZephyraEditor(const CZephyraEditor&) = delete;
+    CZephyraEditor& operator=(const CZephyraEditor&) = delete;
+
+    // The factory that the module hands to the effect.
+    static ZephyraEditorBase* Make(AZephyra* effect);
+
+    // The background's size, known before the first open and never changing.
+    bool getRect(ERect** rect) override;
+    // A second open while open keeps the first panel.
+    bool open(void* parent) override;
+    void close() override;
+    void idle() override;
+    void draw(ERect* rect) override;
+
+    // While open, where the effect's changes go (from any thread); null while closed.
+    ZephyraPanel* GetPanel() override;
+
+    AZephyra* GetZephyra();
+    PendingPanelUpdates& PendingUpdates() { return m_pendingUpdates; }
+    CUIWindow* GetUIWindow() const { return m_pPanel.get(); }
+
+private:
+    ERect m_rect{};
+    CQMTBitmap m_background;
+    CFrameWnd m_hostFrame;
+    std::unique_ptr<CUIWindow> m_pPanel;
+    PendingPanelUpdates m_pendingUpdates;
+    std::atomic<bool> m_panelOpen{false};
+};

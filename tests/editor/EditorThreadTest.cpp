@@ -1,0 +1,65 @@
+// The editor under the host's two threads: automation and audio run on their own thread
+// while the user-interface thread opens, idles and closes the editor.
+#include "EditorHost.h"
+#include "PendingPanelUpdates.h"
+#include "RecordingPanel.h"
+
+#include <atomic>
+#include <gtest/gtest.h>
+#include <thread>
+#include <vector>
+
+namespace {
+
+// An automation thread writes rising values while the panel takes them: the panel never
+// sees a value go back, and the last one written always arrives.
+TEST(PendingPanelUpdates, AWriterOnAnotherThreadNeverLosesItsLatestValue) {
+    PendingPanelUpdates pending;
+    constexpr int kWrites = 200000;
+    std::atomic<bool> done{false};
+    std::thread automation([&] {
+        for (int step = 1; step <= kWrites; ++step)
+            pending.UpdateControl(kParamFreq2, static_cast<float>(step));
+        done = true;
+    });
+    RecordingPanel panel;
+    while (!done)
+        pending.Deliver(panel);
+    automation.join();
+    pending.Deliver(panel);
+
+    ASSERT_FALSE(panel.controls.empty());
+    EXPECT_EQ(panel.controls.back().second, static_cast<float>(kWrites));
+    for (std::size_t i = 1; i < panel.controls.size(); ++i)
+        ASSERT_LE(panel.controls[i - 1].second, panel.controls[i].second);
+}
+
+class EditorThreads : public EditorHost {};
+
+TEST_F(EditorThreads, AutomationWhileTheEditorOpensAndClosesNeverReachesAClosedPanel) {
+    std::atomic<bool> stop{false};
+    std::thread audio([this, &stop] {
+        std::vector<float> left(64, 0.5f), right(64, 0.5f), outLeft(64), outRight(64);
+        float* inputs[] = {left.data(), right.data()};
+        float* outputs[] = {outLeft.data(), outRight.data()};
+        float value = 0.0f;
+        while (!stop) {
+            effect.setParameter(kParamGain1, value);
+            effect.setParameter(kParamType1, value);
+            effect.processReplacing(inputs, outputs, 64);
+            value = value >= 1.0f ? 0.0f : value + 0.01f;
+        }
+    });
+    for (int round = 0; round < 25; ++round) {
+        Open();
+        Idle();
+        Dispatch(effEditClose);
+    }
+    stop = true;
+    audio.join();
+
+    Open();
+    EXPECT_FLOAT_EQ(Panel().Knob(0).GetValue(), effect.getParameter(kParamGain1));
+}
+
+} // namespace

@@ -1,0 +1,50 @@
+// The hand-over of the effect's news to the panel: latest values once each, the program
+// state, and nothing outside the parameter list.
+#include "PendingPanelUpdates.h"
+#include "RecordingPanel.h"
+
+#include <gtest/gtest.h>
+#include <utility>
+#include <vector>
+
+namespace {
+
+TEST(PendingPanelUpdates, EachParameterArrivesOnceWithItsLatestValue) {
+    PendingPanelUpdates pending;
+    pending.UpdateControl(kParamGain1, 0.1f);
+    pending.UpdateControl(kParamOnOff, 1.0f);
+    pending.UpdateControl(kParamGain1, 0.7f);
+    pending.UpdateModify();
+    RecordingPanel panel;
+    pending.Deliver(panel);
+    const std::vector<std::pair<int, float>> expected{{kParamOnOff, 1.0f}, {kParamGain1, 0.7f}};
+    EXPECT_EQ(panel.controls, expected);
+    EXPECT_EQ(panel.modifies, 1);
+
+    pending.Deliver(panel);
+    EXPECT_EQ(panel.controls.size(), 2u) << "delivered news is gone";
+    EXPECT_EQ(panel.modifies, 1);
+}
+
+TEST(PendingPanelUpdates, IndicesOutsideTheParameterListAreDropped) {
+    PendingPanelUpdates pending;
+    for (const int index : {-1, static_cast<int>(kNumParams), 31, 1000})
+        pending.UpdateControl(index, 0.5f);
+    RecordingPanel panel;
+    pending.Deliver(panel);
+    EXPECT_TRUE(panel.controls.empty());
+    EXPECT_EQ(panel.modifies, 0);
+}
+
+TEST(PendingPanelUpdates, ClearForgetsEverything) {
+    PendingPanelUpdates pending;
+    pending.UpdateControl(kParamQ2, 0.3f);
+    pending.UpdateModify();
+    pending.Clear();
+    RecordingPanel panel;
+    pending.Deliver(panel);
+    EXPECT_TRUE(panel.controls.empty());
+    EXPECT_EQ(panel.modifies, 0);
+}
+
+} // namespace

@@ -1,0 +1,110 @@
+// The editor in a real X window: the command-line host opens the module's editor under an
+// X server and takes a screenshot, which must show exactly what the panel paints headless
+// for the same plug-in state.
+#include "AZephyra.h"
+#include "CHeadlessDriver.h"
+#include "CUIWindow.h"
+#include "CZephyraEditor.h"
+#include "RecordingHost.h"
+#include "TempFolder.h"
+#include "ToolRunner.h"
+
+#include <cairo.h>
+#include <cstdlib>
+#include <gtest/gtest.h>
+#include <string>
+#include <vector>
+
+namespace {
+
+constexpr int kAudioMasterGetDirectory = 41;
+constexpr float kSampleRate = 48000.0f;
+constexpr int kBlockSize = 512;
+
+struct Setting {
+    const char* name;
+    int index;
+    float normalised;
+};
+
+// A state away from the factory program: a knob, a band type, a slider, and the lamp lit.
+const Setting kSettings[] = {
+    {"Gain1", kParamGain1, 0.8f},
+    {"Type2", kParamType2, 0.5f},
+    {"Input", kParamInput, 0.3f},
+    {"Q2", kParamQ2, 0.6f},
+};
+
+std::string ModuleFolder() {
+    const std::string module = ZEPHYRA_MODULE;
+    return module.substr(0, module.rfind('/') + 1);
+}
+
+std::uint32_t PixelOf(cairo_surface_t* surface, int x, int y) {
+    const unsigned char* row =
+        cairo_image_surface_get_data(surface) + y * cairo_image_surface_get_stride(surface);
+    return reinterpret_cast<const std::uint32_t*>(row)[x] & 0xFFFFFF;
+}
+
+// The panel painted in memory after the same calls that the command-line host makes.
+cairo_surface_t* HeadlessPicture() {
+    RecordingHost host;
+    const std::string folder = ModuleFolder();
+    host.answers[kAudioMasterGetDirectory] = reinterpret_cast<intptr_t>(folder.c_str());
+    CHeadlessDriver driver;
+    AZephyra effect(RecordingHost::Callback, CZephyraEditor::Make);
+    AEffect* record = effect.getAeffect();
+    const auto dispatch = [record](int32_t opcode, intptr_t value = 0, void* ptr = nullptr,
+                                   float opt = 0.0f) {
+        return record->dispatcher(record, opcode, 0, value, ptr, opt);
+    };
+    dispatch(effOpen);
+    dispatch(effSetSampleRate, 0, nullptr, kSampleRate);
+    dispatch(effSetBlockSize, kBlockSize);
+    dispatch(effMainsChanged, 1);
+    for (const Setting& setting : kSettings)
+        effect.setParameter(setting.index, setting.normalised);
+    void* window = driver.CreateHostWindow(CRect(0, 0, 600, 400));
+    dispatch(effEditOpen, 0, window);
+    dispatch(effEditIdle);
+    auto* editor = static_cast<CZephyraEditor*>(effect.getEditor());
+    cairo_surface_t* picture = driver.Snapshot(editor->GetUIWindow());
+    dispatch(effEditClose);
+    return picture;
+}
+
+TEST(EditorOnX11, TheScreenShowsWhatThePanelPaints) {
+    if (std::getenv("DISPLAY") == nullptr)
+        GTEST_SKIP() << "no X display; run under xvfb-run";
+    TempFolder scratch;
+    ScopedEnv preferences("XDG_CONFIG_HOME", scratch.Path());
+    std::vector<std::string> arguments{
+        "--plugin",     ZEPHYRA_MODULE,        "editor", "--seconds", "1",
+        "--screenshot", scratch / "editor.png"};
+    for (const Setting& setting : kSettings) {
+        arguments.push_back("--set");
+        arguments.push_back(std::string(setting.name) + "=" + std::to_string(setting.normalised) +
+                            "n");
+    }
+    const ToolRun run = runZephyra(arguments);
+    ASSERT_EQ(run.exitCode, 0) << run.err;
+
+    cairo_surface_t* screen = cairo_image_surface_create_from_png((scratch / "editor.png").c_str());
+    ASSERT_EQ(cairo_surface_status(screen), CAIRO_STATUS_SUCCESS);
+    cairo_surface_t* panel = HeadlessPicture();
+    const int width = cairo_image_surface_get_width(panel);
+    const int height = cairo_image_surface_get_height(panel);
+    ASSERT_EQ(cairo_image_surface_get_width(screen), width) << "the window took the editor's size";
+    ASSERT_EQ(cairo_image_surface_get_height(screen), height);
+
+    int differences = 0;
+    for (int y = 0; y < height; ++y) {
+        for (int x = 0; x < width; ++x)
+            differences += PixelOf(screen, x, y) != PixelOf(panel, x, y);
+    }
+    EXPECT_EQ(differences, 0);
+    cairo_surface_destroy(panel);
+    cairo_surface_destroy(screen);
+}
+
+} // namespace
