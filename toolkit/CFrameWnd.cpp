@@ -1,8 +1,52 @@
 #include "CFrameWnd.h"
 
+#include "AfxMessageBox.h"
+#include "CMessageBoxDlg.h"
 #include "MFCView0.h"
 #include "MessagePump.h"
 #include "PostedMessageRing.h"
+
+#include <algorithm>
+#include <vector>
+
+namespace {
+
+// Host frames holding a host's window, most recent last.
+std::vector<CFrameWnd*>& AttachedFrames() {
+    static std::vector<CFrameWnd*> frames;
+    return frames;
+}
+
+int ShowMessageBoxDialog(const char* text) {
+    return CMessageBoxDlg(text).DoModal();
+}
+
+// While a host window is open, messages are shown as dialogs.
+void Attached(CFrameWnd* frame) {
+    AttachedFrames().push_back(frame);
+    SetMessageBoxHandler(ShowMessageBoxDialog);
+}
+
+void Detached(CFrameWnd* frame) {
+    auto& frames = AttachedFrames();
+    const auto found = std::find(frames.begin(), frames.end(), frame);
+    if (found == frames.end())
+        return;
+    frames.erase(found);
+    if (frames.empty())
+        SetMessageBoxHandler(nullptr);
+}
+
+} // namespace
+
+CWnd* AfxGetMainWnd() {
+    const auto& frames = AttachedFrames();
+    for (auto frame = frames.rbegin(); frame != frames.rend(); ++frame) {
+        if (CWnd* first = (*frame)->FirstChild())
+            return first;
+    }
+    return nullptr;
+}
 
 CFrameWnd::~CFrameWnd() {
     SetNativeHandle(nullptr);
@@ -13,6 +57,7 @@ bool CFrameWnd::SetNativeHandle(void* systemWindow) {
     m_fallback.reset();
     DestroyChild();
     DetachView();
+    Detached(this);
     m_systemWindow = systemWindow;
     if (!systemWindow)
         return true;
@@ -25,6 +70,7 @@ bool CFrameWnd::SetNativeHandle(void* systemWindow) {
     hTempWnd.compare_exchange_strong(expected, view.get());
     if (!AttachNativeView(std::move(view)))
         return false;
+    Attached(this);
     m_fallback = std::make_unique<FallbackIdleDriver>();
     return true;
 }

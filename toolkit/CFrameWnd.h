@@ -22,9 +22,13 @@ public:
     // main thread's work once.
     void HostIdle();
     bool IsFallbackRunning() const { return m_fallback != nullptr; }
+    CWnd* FirstChild() const { return GetChildren().empty() ? nullptr : GetChildren().front(); }
     bool IsFrameWnd() const override { return true; }
 
 private:
     void* m_systemWindow = nullptr;
     std::unique_ptr<FallbackIdleDriver> m_fallback;
 };
+
+// The editor's main window: the first child of the host frame opened last, or null.
+CWnd* AfxGetMainWnd();

@@ -85,6 +85,11 @@ void CHeadlessDriver::Move(CWnd* wnd, CPoint point) {
     m_platform->MouseMove(at.x, at.y);
 }
 
+void CHeadlessDriver::Wheel(CWnd* wnd, CPoint point, bool up) {
+    const CPoint at = ToScreen(wnd, point);
+    m_platform->MouseWheel(at.x, at.y, up);
+}
+
 void CHeadlessDriver::Click(CWnd* wnd, CPoint point) {
     const CPoint at = ToScreen(wnd, point);
     m_platform->AdvanceClock(kClickSpacingMs);

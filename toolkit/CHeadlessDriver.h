@@ -38,6 +38,7 @@ public:
     void Press(CWnd* wnd, CPoint point);
     void Release(CWnd* wnd, CPoint point);
     void Move(CWnd* wnd, CPoint point);
+    void Wheel(CWnd* wnd, CPoint point, bool up);
     // A press and a release, far enough in time from any earlier click not to pair with it.
     void Click(CWnd* wnd, CPoint point);
     void DoubleClick(CWnd* wnd, CPoint point);

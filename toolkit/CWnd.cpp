@@ -186,6 +186,12 @@ void CWnd::RemoveChild(CWnd* child) {
     m_children.erase(std::remove(m_children.begin(), m_children.end(), child), m_children.end());
 }
 
+void CWnd::PlaceChildAt(CWnd* child, std::size_t index) {
+    RemoveChild(child);
+    index = std::min(index, m_children.size());
+    m_children.insert(m_children.begin() + static_cast<std::ptrdiff_t>(index), child);
+}
+
 int CWnd::OnCreate(CREATESTRUCT*) {
     m_bCreated = true;
     if (m_pParentWnd && !m_pNSWindow &&

@@ -186,7 +186,12 @@ protected:
     // Wraps an existing native view (a host's window) as this window's view.
     bool AttachNativeView(std::unique_ptr<MFCView0> view);
     MFCView0* GetView() const { return m_pView.get(); }
+    // The window's own text, whatever a derived GetWindowText makes of it.
+    const CString& StoredText() const { return m_windowText; }
+    void StoreText(const char* text) { m_windowText = text; }
     const std::vector<CWnd*>& GetChildren() const { return m_children; }
+    // Moves a child to a place in the order of children (the Tab order of a dialog).
+    void PlaceChildAt(CWnd* child, std::size_t index);
 
     DECLARE_MESSAGE_MAP()
 

@@ -250,11 +250,13 @@ void MFCView0::ReturnKeyboardFocus() {
 }
 
 void MFCView0::GrabInput() {
+    m_grabbing = true;
     if (m_native)
         m_native->GrabPointer();
 }
 
 void MFCView0::ReleaseInput() {
+    m_grabbing = false;
     if (m_native)
         m_native->ReleasePointer();
 }
@@ -293,11 +295,21 @@ void MFCView0::NativeMouse(native::MouseAction action, int x, int y, unsigned lo
     case native::MouseAction::Move:
         SendMessage0(m_pWnd, WM_MOUSEMOVE, 0, point);
         break;
+    case native::MouseAction::Leave:
+        SendMessage0(m_pWnd, WM_MOUSELEAVE, 0, 0);
+        break;
+    case native::MouseAction::WheelUp:
+    case native::MouseAction::WheelDown: {
+        const int turn = action == native::MouseAction::WheelUp ? WHEEL_DELTA : -WHEEL_DELTA;
+        SendMessage0(m_pWnd, WM_MOUSEWHEEL, MAKEWPARAM(0, turn), point);
+        break;
+    }
     }
 }
 
+// Keys go to the focus window, except while a pop-up holds the input.
 void MFCView0::NativeKey(const native::KeyInput& key) {
-    CWnd* receiver = pFocusWnd ? pFocusWnd : m_pWnd;
+    CWnd* receiver = !m_grabbing && pFocusWnd ? pFocusWnd : m_pWnd;
     if (receiver && receiver->AcceptsInput())
         RouteKeyPress(receiver, key);
 }

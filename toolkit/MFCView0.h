@@ -99,6 +99,7 @@ private:
     CRect m_frame;
     bool m_hidden = false;
     bool m_viewable = true;
+    bool m_grabbing = false;
     CRect m_dirty;
     cairo_surface_t* m_pixels = nullptr;
     ClickCounter m_clicks;

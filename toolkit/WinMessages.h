@@ -26,6 +26,12 @@ constexpr UINT WM_MOUSEMOVE = 0x0200;
 constexpr UINT WM_LBUTTONDOWN = 0x0201;
 constexpr UINT WM_LBUTTONUP = 0x0202;
 constexpr UINT WM_LBUTTONDBLCLK = 0x0203;
+// wParam: the turn in its high half (+120 away from the user); lParam: the point in the
+// window's client coordinates.
+constexpr UINT WM_MOUSEWHEEL = 0x020A;
+constexpr int WHEEL_DELTA = 120;
+// The pointer left the window (sent whenever it does; no request needed).
+constexpr UINT WM_MOUSELEAVE = 0x02A3;
 constexpr UINT WM_USER = 0x0400;
 // A posted record with no target and this number runs the operation carried in wParam.
 constexpr UINT WM_DEFERRED_OPERATION = 0x0404;

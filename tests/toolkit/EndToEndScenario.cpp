@@ -1,6 +1,9 @@
 #include "EndToEndScenario.h"
 
+#include "CDialog.h"
+#include "CMenu.h"
 #include "CPaintDC.h"
+#include "WinControlIds.h"
 #include "WinMessages.h"
 #include "WinStyles.h"
 
@@ -23,6 +26,9 @@ LRESULT ScenarioWnd::WindowProc(UINT message, WPARAM wParam, LPARAM lParam) {
     case WM_LBUTTONDOWN:
         SetFocus();
         break;
+    case WM_COMMAND:
+        commands.push_back(static_cast<UINT>(wParam));
+        break;
     case WM_CHAR:
         if (wParam >= 32 && wParam < 127)
             typed += static_cast<char>(wParam);
@@ -32,6 +38,30 @@ LRESULT ScenarioWnd::WindowProc(UINT message, WPARAM wParam, LPARAM lParam) {
     }
     return RecordingWnd::WindowProc(message, wParam, lParam);
 }
+
+namespace {
+
+// A dialog laid out in code with one name field and OK, which reads the field on OK.
+class NameDialog : public CDialog {
+public:
+    explicit NameDialog(CWnd* owner) : CDialog(Layout(), owner) {}
+    CString name;
+    void OnOK() override {
+        GetDlgItemText(5000, name);
+        CDialog::OnOK();
+    }
+
+private:
+    static DialogTemplate Layout() {
+        DialogTemplate layout{"Name", 220, 90, {}};
+        layout.items.push_back({DialogItemKind::Edit, 5000, RECT{12, 12, 208, 38}, "", 0});
+        layout.items.push_back(
+            {DialogItemKind::DefaultButton, IDOK, RECT{118, 52, 208, 80}, "OK", 0});
+        return layout;
+    }
+};
+
+} // namespace
 
 void PlayScenario(CFrameWnd& frame, ScenarioBackend& backend) {
     ScenarioWnd wnd;
@@ -69,6 +99,22 @@ void PlayScenario(CFrameWnd& frame, ScenarioBackend& backend) {
     ASSERT_TRUE(backend.RunUntil([&] { return wnd.Only(WM_LBUTTONUP).size() >= 3; }));
     EXPECT_EQ(wnd.Only(WM_LBUTTONDOWN).size(), 2u);
     EXPECT_EQ(wnd.Only(WM_LBUTTONDBLCLK).size(), 1u);
+
+    // A menu at a point of the window, chosen with the keyboard.
+    CMenu menu;
+    menu.CreatePopupMenu();
+    for (UINT id = 1010; id < 1014; ++id)
+        menu.AppendMenu(MF_STRING, id, "Program");
+    backend.KeysIntoNextLoop("Down Down Return", false);
+    EXPECT_TRUE(menu.TrackPopupMenu(0, 30, 30, &wnd));
+    EXPECT_EQ(wnd.commands, std::vector<UINT>{1011});
+
+    // A dialog with a field: typed into, ended with Return.
+    NameDialog dialog(&wnd);
+    backend.KeysIntoNextLoop("W a r m Return", true);
+    EXPECT_EQ(dialog.DoModal(), IDOK);
+    EXPECT_EQ(dialog.name, "Warm");
+    EXPECT_TRUE(wnd.IsWindowEnabled());
 
     EXPECT_TRUE(wnd.DestroyWindow());
 }

@@ -7,6 +7,7 @@
 
 #include <functional>
 #include <string>
+#include <vector>
 
 // Paints a known picture and records what the user does to it.
 class ScenarioWnd : public RecordingWnd {
@@ -16,6 +17,7 @@ public:
     static const CRect kSquareRect;
 
     std::string typed;
+    std::vector<UINT> commands;
     bool TakesKeyboard() const override { return true; }
     LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override;
 };
@@ -29,6 +31,9 @@ public:
     virtual void DoubleClick(CWnd* wnd, int x, int y) = 0;
     virtual void Type(const char* text) = 0;
     virtual void PressReturn() = 0;
+    // Sends the keys (xdotool key names, space separated) once the pop-up or dialog that
+    // the caller opens next is on screen, while its loop runs.
+    virtual void KeysIntoNextLoop(const char* keys, bool dialog) = 0;
     // Runs the toolkit until the condition holds or a second has passed.
     virtual bool RunUntil(const std::function<bool()>& condition) = 0;
     // 0xRRGGBB of the window's pixel as the screen shows it.

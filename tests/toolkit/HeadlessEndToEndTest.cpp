@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+#include <string>
+
 namespace {
 
 class HeadlessBackend : public ScenarioBackend {
@@ -13,6 +15,18 @@ public:
     void DoubleClick(CWnd* wnd, int x, int y) override { m_driver.DoubleClick(wnd, CPoint(x, y)); }
     void Type(const char* text) override { m_driver.Type(text); }
     void PressReturn() override { m_driver.Key(kKeyReturn, kCharReturn); }
+    void KeysIntoNextLoop(const char* keys, bool) override {
+        m_driver.WhileModal([this, names = std::string(keys)] {
+            std::size_t start = 0;
+            while (start < names.size()) {
+                std::size_t end = names.find(' ', start);
+                if (end == std::string::npos)
+                    end = names.size();
+                PressNamed(names.substr(start, end - start));
+                start = end + 1;
+            }
+        });
+    }
     bool RunUntil(const std::function<bool()>& condition) override {
         m_driver.Pump();
         return condition();
@@ -22,6 +36,15 @@ public:
     }
 
 private:
+    void PressNamed(const std::string& name) {
+        if (name == "Down")
+            m_driver.Key(kKeyDown, kCharDown);
+        else if (name == "Return")
+            m_driver.Key(kKeyReturn, kCharReturn);
+        else
+            m_driver.Type(name.c_str());
+    }
+
     CHeadlessDriver& m_driver;
 };
 

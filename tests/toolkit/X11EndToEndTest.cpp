@@ -107,6 +107,20 @@ public:
         RunTool(std::string("xdotool type --delay 20 '") + text + "'");
     }
     void PressReturn() override { RunTool("xdotool key Return"); }
+    // xdotool waits for the window to be mapped; the short pause lets the toolkit take the
+    // keyboard before the keys arrive.
+    void KeysIntoNextLoop(const char* keys, bool dialog) override {
+        const std::string command =
+            std::string("timeout 10 xdotool search --sync --onlyvisible --class ") +
+            (dialog ? "ZephyraDialog" : "ZephyraPopup") + " sleep 0.2 key --delay 30 " + keys;
+        if (m_keys.joinable())
+            m_keys.join();
+        m_keys = std::thread([command] { RunTool(command); });
+    }
+    ~X11Backend() override {
+        if (m_keys.joinable())
+            m_keys.join();
+    }
     bool RunUntil(const std::function<bool()>& condition) override {
         const auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(2);
         while (std::chrono::steady_clock::now() < deadline) {
@@ -131,6 +145,7 @@ private:
     }
 
     HostWindow& m_host;
+    std::thread m_keys;
 };
 
 class X11EndToEnd : public ::testing::Test {

@@ -12,7 +12,7 @@
 
 namespace native {
 
-enum class MouseAction { Down, Up, Move };
+enum class MouseAction { Down, Up, Move, WheelUp, WheelDown, Leave };
 
 struct KeyInput {
     unsigned keyCode = 0;     // hardware key code (KeyCodes.h)

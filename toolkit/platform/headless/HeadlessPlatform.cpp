@@ -166,6 +166,8 @@ void HeadlessPlatform::Forget(HeadlessNode& node) {
         m_grab = nullptr;
     if (m_pressed == &node)
         m_pressed = nullptr;
+    if (m_hovered == &node)
+        m_hovered = nullptr;
 }
 
 POINT HeadlessPlatform::ScreenOriginOf(const HeadlessNode& node) const {
@@ -199,6 +201,13 @@ void HeadlessPlatform::DeliverMouse(MouseAction action, int x, int y) {
         m_pressed = target;
     if (action == MouseAction::Up)
         m_pressed = nullptr;
+    // Leaving a window is seen when the pointer moves over another one.
+    if (action == MouseAction::Move && !m_grab && !m_pressed && target != m_hovered) {
+        HeadlessNode* left = m_hovered;
+        m_hovered = target;
+        if (left && left->events)
+            left->events->NativeMouse(MouseAction::Leave, 0, 0, m_clockMs);
+    }
     if (!target || !target->events)
         return;
     const POINT origin = ScreenOriginOf(*target);
@@ -215,6 +224,10 @@ void HeadlessPlatform::MouseUp(int x, int y) {
 
 void HeadlessPlatform::MouseMove(int x, int y) {
     DeliverMouse(MouseAction::Move, x, y);
+}
+
+void HeadlessPlatform::MouseWheel(int x, int y, bool up) {
+    DeliverMouse(up ? MouseAction::WheelUp : MouseAction::WheelDown, x, y);
 }
 
 void HeadlessPlatform::Key(unsigned keyCode, unsigned character) {

@@ -61,6 +61,8 @@ public:
     void MouseDown(int x, int y);
     void MouseUp(int x, int y);
     void MouseMove(int x, int y);
+    // One notch of the wheel, away from the user when up is true.
+    void MouseWheel(int x, int y, bool up);
     void Key(unsigned keyCode, unsigned character);
     void SetModifiers(unsigned modifiers) { m_modifiers = modifiers; }
     void AdvanceClock(unsigned long ms) { m_clockMs += ms; }
@@ -99,6 +101,7 @@ private:
     HeadlessNode* m_focus = nullptr;
     HeadlessNode* m_grab = nullptr;
     HeadlessNode* m_pressed = nullptr;
+    HeadlessNode* m_hovered = nullptr;
     unsigned m_modifiers = 0;
     unsigned long m_clockMs = 1000;
     std::deque<std::function<void()>> m_steps;

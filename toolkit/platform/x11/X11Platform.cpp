@@ -17,7 +17,7 @@ namespace native {
 namespace {
 
 constexpr long kViewEvents = ExposureMask | ButtonPressMask | ButtonReleaseMask |
-                             PointerMotionMask | KeyPressMask | FocusChangeMask |
+                             PointerMotionMask | LeaveWindowMask | KeyPressMask | FocusChangeMask |
                              StructureNotifyMask;
 constexpr unsigned long kViewabilityCheckMs = 200;
 
@@ -143,8 +143,17 @@ std::unique_ptr<NativeView> X11Platform::CreateTopLevelView(TopLevelKind kind, N
         XCreateWindow(m_display, root, screenFrame.left, screenFrame.top, width, height, 0,
                       CopyFromParent, InputOutput, CopyFromParent,
                       CWBackPixel | CWEventMask | CWOverrideRedirect | CWSaveUnder, &attributes);
+    XClassHint classHint{
+        const_cast<char*>("zephyra"),
+        const_cast<char*>(kind == TopLevelKind::Popup ? "ZephyraPopup" : "ZephyraDialog")};
+    XSetClassHint(m_display, window, &classHint);
     if (kind == TopLevelKind::Dialog) {
         XSetWMProtocols(m_display, window, &m_wmDeleteWindow, 1);
+        // The toolkit draws the dialog's frame and title itself.
+        const long motifHints[5] = {2 /* decorations field */, 0, 0 /* none */, 0, 0};
+        const Atom motif = XInternAtom(m_display, "_MOTIF_WM_HINTS", False);
+        XChangeProperty(m_display, window, motif, motif, 32, PropModeReplace,
+                        reinterpret_cast<const unsigned char*>(motifHints), 5);
         SetAtomProperty(m_display, window, "_NET_WM_WINDOW_TYPE", "_NET_WM_WINDOW_TYPE_DIALOG");
         XSizeHints hints{};
         hints.flags = USPosition | PPosition | PMinSize | PMaxSize;

@@ -143,6 +143,10 @@ void X11View::HandleEvent(XEvent& event) {
         if (event.xbutton.button == Button1)
             m_events.NativeMouse(MouseAction::Down, event.xbutton.x, event.xbutton.y,
                                  event.xbutton.time);
+        else if (event.xbutton.button == Button4 || event.xbutton.button == Button5)
+            m_events.NativeMouse(event.xbutton.button == Button4 ? MouseAction::WheelUp
+                                                                 : MouseAction::WheelDown,
+                                 event.xbutton.x, event.xbutton.y, event.xbutton.time);
         break;
     case ButtonRelease:
         if (event.xbutton.button == Button1)
@@ -155,6 +159,11 @@ void X11View::HandleEvent(XEvent& event) {
         break;
     case KeyPress:
         HandleKey(event.xkey);
+        break;
+    case LeaveNotify:
+        if (event.xcrossing.mode == NotifyNormal && event.xcrossing.detail != NotifyInferior)
+            m_events.NativeMouse(MouseAction::Leave, event.xcrossing.x, event.xcrossing.y,
+                                 event.xcrossing.time);
         break;
     case FocusOut:
         // Focus moving inside our window or to a grab is not a loss.

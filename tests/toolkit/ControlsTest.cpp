@@ -1,0 +1,325 @@
+#include "CComboBox.h"
+#include "CEdit.h"
+#include "CSpinButtonCtrl.h"
+#include "HostFixture.h"
+#include "KeyCodes.h"
+#include "PopupListWnd.h"
+#include "RecordingWnd.h"
+#include "ToolkitTheme.h"
+#include "WinMessages.h"
+#include "WinStyles.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+
+namespace {
+
+constexpr UINT kField = 18001;
+constexpr UINT kSpin = 18000;
+constexpr UINT kList = 1120;
+
+// A field whose text is a value scaled by ten, the way the editor's entry fields report it.
+class ScaledEdit : public CEdit {
+public:
+    int GetWindowText(char* buffer, int maxCount) const override {
+        CString shown;
+        CEdit::GetWindowText(shown);
+        return std::snprintf(buffer, static_cast<size_t>(maxCount), "%d",
+                             static_cast<int>(std::atof(shown) * 10));
+    }
+    using CEdit::GetWindowText;
+};
+
+class ControlsTest : public HostFixture {
+protected:
+    void SetUp() override {
+        HostFixture::SetUp();
+        ASSERT_TRUE(parent.CreateChild(&frame, CRect(0, 0, 300, 200)));
+        ASSERT_TRUE(field.Create(WS_CHILD | WS_VISIBLE | ES_RIGHT, CRect(10, 10, 110, 34), &parent,
+                                 kField));
+        driver.Pump();
+        parent.received.clear();
+    }
+
+    CString Text() const {
+        CString text;
+        field.GetWindowText(text);
+        return text;
+    }
+    std::vector<UINT> Notifications(UINT id) const {
+        std::vector<UINT> codes;
+        for (const ReceivedMessage& m : parent.Only(WM_COMMAND)) {
+            if (LOWORD(m.wParam) == id)
+                codes.push_back(HIWORD(m.wParam));
+        }
+        return codes;
+    }
+
+    RecordingWnd parent;
+    CEdit field;
+};
+
+TEST_F(ControlsTest, TypingInsertsAtTheCaretAndNotifies) {
+    field.SetFocus();
+    driver.Type("12");
+    driver.Key(kKeyLeft, kCharLeft);
+    driver.Type(".");
+    EXPECT_EQ(Text(), "1.2");
+    EXPECT_EQ(Notifications(kField),
+              (std::vector<UINT>{EN_SETFOCUS, EN_CHANGE, EN_CHANGE, EN_CHANGE}));
+}
+
+TEST_F(ControlsTest, LimitCutsWhatDoesNotFit) {
+    field.SetLimitText(3);
+    field.SetFocus();
+    driver.Type("12345");
+    EXPECT_EQ(Text(), "123");
+    EXPECT_EQ(field.GetLimitText(), 3u);
+    field.SetSel(0, -1);
+    field.ReplaceSel("abcdef");
+    EXPECT_EQ(Text(), "abc");
+}
+
+TEST_F(ControlsTest, SelectionIsReplacedByTyping) {
+    field.SetWindowText("999");
+    field.SetFocus();
+    field.SetSel(0, -1);
+    driver.Type("7");
+    EXPECT_EQ(Text(), "7");
+}
+
+TEST_F(ControlsTest, BackspaceAndForwardDelete) {
+    field.SetWindowText("abcd");
+    field.SetFocus();
+    field.SetSel(2, 2);
+    driver.Key(kKeyBackSpace, kCharBackSpace);
+    driver.Key(kKeyDelete, kCharDelete);
+    EXPECT_EQ(Text(), "ad");
+    field.SetSel(0, 0);
+    driver.Key(kKeyBackSpace, kCharBackSpace);
+    EXPECT_EQ(Text(), "ad");
+}
+
+TEST_F(ControlsTest, CaretPositionIsClampedToTheText) {
+    field.SetWindowText("42");
+    field.SetSel(8, 8);
+    int start = -1;
+    int end = -1;
+    field.GetSel(start, end);
+    EXPECT_EQ(start, 2);
+    EXPECT_EQ(end, 2);
+    field.SetSel(-1, 0);
+    field.GetSel(start, end);
+    EXPECT_EQ(start, end);
+}
+
+TEST_F(ControlsTest, ArrowCharactersAfterAnArrowKeyMoveTheCaret) {
+    field.SetWindowText("12");
+    field.SetFocus();
+    field.SetSel(2, 2);
+    field.SendMessage(WM_KEYDOWN, kKeyLeft, 1);
+    field.SendMessage(WM_CHAR, 37, 1);
+    field.SendMessage(WM_CHAR, '5', 1);
+    EXPECT_EQ(Text(), "152");
+    field.SendMessage(WM_KEYDOWN, 23, 1);
+    field.SendMessage(WM_CHAR, 37, 1);
+    EXPECT_EQ(Text(), "15%2") << "a typed percent sign stays a percent sign";
+}
+
+TEST_F(ControlsTest, SilentTextChangeSendsNoNotification) {
+    field.SetTextForSpin("3");
+    EXPECT_TRUE(Notifications(kField).empty());
+    field.SetWindowText("4");
+    EXPECT_EQ(Notifications(kField), std::vector<UINT>{EN_CHANGE});
+}
+
+TEST_F(ControlsTest, UnicodeCharactersCountAsOne) {
+    field.SetLimitText(3);
+    field.SetFocus();
+    for (unsigned character : {0x3042u, 0x3044u, 0x3046u, 0x3048u})
+        driver.Key(0, character);
+    EXPECT_EQ(Text(), "\xE3\x81\x82\xE3\x81\x84\xE3\x81\x86");
+    driver.Key(kKeyBackSpace, kCharBackSpace);
+    EXPECT_EQ(Text(), "\xE3\x81\x82\xE3\x81\x84");
+}
+
+TEST_F(ControlsTest, FocusedFieldShowsTheAccentBorder) {
+    driver.Pump();
+    const std::uint32_t idle = driver.PixelAt(&field, 50, 0);
+    field.SetFocus();
+    driver.Pump();
+    const std::uint32_t focused = driver.PixelAt(&field, 50, 0);
+    EXPECT_NE(idle, focused);
+    const COLORREF accent = theme::kAccent;
+    const std::uint32_t accentRgb =
+        (GetRValue(accent) << 16) | (GetGValue(accent) << 8) | GetBValue(accent);
+    EXPECT_EQ(focused, accentRgb);
+}
+
+class SpinTest : public ControlsTest {
+protected:
+    void SetUp() override {
+        ControlsTest::SetUp();
+        ASSERT_TRUE(spin.Create(WS_CHILD | WS_VISIBLE | UDS_SETBUDDYINT | UDS_ARROWKEYS,
+                                CRect(110, 10, 126, 34), &parent, kSpin));
+        spin.SetBase(10);
+        spin.SetBuddy(&field);
+        spin.SetRange32(-20, 20);
+    }
+    CSpinButtonCtrl spin;
+};
+
+TEST_F(SpinTest, SetPosWritesTheBuddyInDecimalWithinTheRange) {
+    EXPECT_EQ(spin.SetPos(7), 0);
+    EXPECT_EQ(Text(), "7");
+    spin.SetPos(99);
+    EXPECT_EQ(spin.GetPos(), 20);
+    EXPECT_EQ(Text(), "20");
+    spin.SetPosForSpin(-3);
+    EXPECT_EQ(spin.GetPos(), -3);
+    EXPECT_EQ(Text(), "20") << "the position alone does not touch the buddy";
+}
+
+TEST_F(SpinTest, ArrowClicksStepAndStopAtTheEnds) {
+    spin.SetPos(19);
+    driver.Click(&spin, CPoint(8, 4));
+    EXPECT_EQ(spin.GetPos(), 20);
+    driver.Click(&spin, CPoint(8, 4));
+    EXPECT_EQ(spin.GetPos(), 20);
+    driver.Click(&spin, CPoint(8, 20));
+    EXPECT_EQ(Text(), "19");
+}
+
+TEST_F(SpinTest, WrapStyleGoesRound) {
+    CSpinButtonCtrl wrapping;
+    ASSERT_TRUE(
+        wrapping.Create(WS_CHILD | WS_VISIBLE | UDS_WRAP, CRect(0, 40, 16, 64), &parent, 1));
+    wrapping.SetRange(0, 3);
+    wrapping.SetPos(3);
+    wrapping.Step(1);
+    EXPECT_EQ(wrapping.GetPos(), 0);
+    wrapping.Step(-1);
+    EXPECT_EQ(wrapping.GetPos(), 3);
+}
+
+TEST_F(SpinTest, BuddyArrowKeysStepTheSpin) {
+    spin.SetPos(0);
+    field.SetFocus();
+    driver.Key(kKeyUp, kCharUp);
+    driver.Key(kKeyUp, kCharUp);
+    driver.Key(kKeyDown, kCharDown);
+    EXPECT_EQ(spin.GetPos(), 1);
+    EXPECT_EQ(Text(), "1");
+}
+
+TEST_F(SpinTest, NotifyReadsTheFieldsOwnNotionOfItsValue) {
+    ScaledEdit scaled;
+    ASSERT_TRUE(scaled.Create(WS_CHILD | WS_VISIBLE, CRect(0, 40, 80, 64), &parent, 2));
+    spin.SetRange32(-1000, 1000);
+    spin.SetBuddy(&scaled);
+    scaled.SetTextForSpin("12.3");
+    scaled.NotifySpinButton();
+    EXPECT_EQ(spin.GetPos(), 123);
+}
+
+TEST_F(SpinTest, HeldArrowRepeats) {
+    spin.SetPos(-20);
+    driver.Press(&spin, CPoint(8, 4));
+    driver.PumpFor(CSpinButtonCtrl::kRepeatTimerMs * (CSpinButtonCtrl::kRepeatDelayTicks + 5));
+    driver.Release(&spin, CPoint(8, 4));
+    EXPECT_GT(spin.GetPos(), -18);
+    const int held = spin.GetPos();
+    driver.PumpFor(CSpinButtonCtrl::kRepeatTimerMs * 3);
+    EXPECT_EQ(spin.GetPos(), held);
+}
+
+class ComboTest : public ControlsTest {
+protected:
+    void SetUp() override {
+        ControlsTest::SetUp();
+        ASSERT_TRUE(list.Create(WS_CHILD | WS_VISIBLE | CBS_DROPDOWNLIST, CRect(10, 50, 210, 76),
+                                &parent, kList));
+    }
+    CComboBox list;
+};
+
+TEST_F(ComboTest, EmptyListHasNoSelection) {
+    EXPECT_EQ(list.GetCurSel(), -1);
+    EXPECT_EQ(list.GetCount(), 0);
+    EXPECT_EQ(list.SetCurSel(0), CB_ERR);
+}
+
+TEST_F(ComboTest, SelectionInCodeDoesNotNotify) {
+    list.AddString("1:Flat");
+    list.AddString("2:Warm");
+    EXPECT_EQ(list.SetCurSel(1), 1);
+    EXPECT_EQ(list.GetCurSel(), 1);
+    CString shown;
+    list.GetWindowText(shown);
+    EXPECT_EQ(shown, "2:Warm");
+    EXPECT_TRUE(Notifications(kList).empty());
+    EXPECT_EQ(list.SetCurSel(-1), -1);
+    EXPECT_EQ(list.GetCurSel(), -1);
+}
+
+TEST_F(ComboTest, UserChoiceFromTheDropDownNotifiesSelectionChange) {
+    for (int i = 0; i < 64; ++i) {
+        CString entry;
+        entry.Format("%d:Program", i + 1);
+        list.AddString(entry);
+    }
+    CRect listRect;
+    int firstVisible = -1;
+    driver.WhileModal([&] {
+        PopupListWnd* open = PopupListWnd::Active();
+        ASSERT_NE(open, nullptr);
+        open->GetWindowRect(&listRect);
+        driver.Key(kKeyEnd, 0);
+        firstVisible = open->GetFirstVisible();
+        driver.Key(kKeyReturn, kCharReturn);
+    });
+    driver.Click(&list, CPoint(30, 10));
+    CRect comboRect;
+    list.GetWindowRect(&comboRect);
+    EXPECT_GT(listRect.top, comboRect.bottom - 1) << "the list opens below";
+    EXPECT_EQ(listRect.Width(), comboRect.Width());
+    EXPECT_EQ(firstVisible, 64 - PopupListWnd::kMaxScrollingRows) << "the list scrolls";
+    EXPECT_EQ(list.GetCurSel(), 63);
+    EXPECT_EQ(Notifications(kList), std::vector<UINT>{CBN_SELCHANGE});
+    EXPECT_EQ(parent.Only(WM_COMMAND).back().lParam, reinterpret_cast<LPARAM>(list.GetSafeHwnd()));
+}
+
+TEST_F(ComboTest, KeysChangeTheSelectionAndNotify) {
+    list.AddString("a");
+    list.AddString("b");
+    list.AddString("c");
+    list.SetFocus();
+    driver.Key(kKeyDown, kCharDown);
+    driver.Key(kKeyDown, kCharDown);
+    driver.Key(kKeyDown, kCharDown);
+    driver.Key(kKeyDown, kCharDown);
+    EXPECT_EQ(list.GetCurSel(), 2);
+    driver.Key(kKeyUp, kCharUp);
+    EXPECT_EQ(list.GetCurSel(), 1);
+    EXPECT_EQ(Notifications(kList).size(), 5u);
+}
+
+TEST_F(ComboTest, EditingTheEntriesKeepsTheSelectionOnItsEntry) {
+    list.AddString("a");
+    list.AddString("b");
+    list.SetCurSel(1);
+    list.InsertString(0, "first");
+    EXPECT_EQ(list.GetCurSel(), 2);
+    CString text;
+    EXPECT_EQ(list.GetLBText(2, text), 1);
+    EXPECT_EQ(text, "b");
+    EXPECT_EQ(list.FindStringExact(-1, "a"), 1);
+    list.DeleteString(2);
+    EXPECT_EQ(list.GetCurSel(), CB_ERR);
+    EXPECT_EQ(list.GetLBText(7, text), CB_ERR);
+    list.ResetContent();
+    EXPECT_EQ(list.GetCount(), 0);
+}
+
+} // namespace

@@ -1,0 +1,272 @@
+#include "AfxMessageBox.h"
+#include "CButton.h"
+#include "CComboBox.h"
+#include "CDialog.h"
+#include "CEdit.h"
+#include "CMenu.h"
+#include "HostFixture.h"
+#include "KeyCodes.h"
+#include "PopupListWnd.h"
+#include "RecordingWnd.h"
+#include "WinControlIds.h"
+#include "WinMessages.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+constexpr UINT kTemplate = 5901;
+constexpr int kList = 1120;
+constexpr int kName = 5000;
+
+DialogTemplate SaveLayout() {
+    DialogTemplate layout{"Save program", 320, 150, {}};
+    layout.items.push_back({DialogItemKind::Static, 0xFFFF, RECT{16, 16, 80, 40}, "Program", 0});
+    layout.items.push_back({DialogItemKind::ComboBox, kList, RECT{90, 14, 300, 40}, "", 0});
+    layout.items.push_back({DialogItemKind::Static, 0xFFFF, RECT{16, 56, 80, 80}, "Name", 0});
+    layout.items.push_back({DialogItemKind::Edit, kName, RECT{90, 54, 300, 80}, "initial", 0});
+    layout.items.push_back(
+        {DialogItemKind::Button, IDCANCEL, RECT{110, 106, 200, 134}, "Cancel", 0});
+    layout.items.push_back(
+        {DialogItemKind::DefaultButton, IDOK, RECT{210, 106, 300, 134}, "OK", 0});
+    return layout;
+}
+
+// A dialog shaped like the preset dialog: a bound list, a name field read on OK.
+class SaveDialog : public CDialog {
+public:
+    explicit SaveDialog(CWnd* parent) : CDialog(kTemplate, parent) {}
+
+    CComboBox list;
+    int chosen = -2;
+    CString name;
+    int selectionChanges = 0;
+    bool ownerDisabledDuringInit = false;
+    CWnd* owner = nullptr;
+
+    void DoDataExchange(CDataExchange* exchange) override {
+        CDialog::DoDataExchange(exchange);
+        DDX_Control(exchange, kList, list);
+    }
+    bool OnInitDialog() override {
+        CDialog::OnInitDialog();
+        for (int i = 1; i <= 3; ++i) {
+            CString entry;
+            entry.Format("%d:Program %d", i, i);
+            list.AddString(entry);
+        }
+        list.SetCurSel(1);
+        ownerDisabledDuringInit = owner && !owner->IsWindowEnabled();
+        return true;
+    }
+    void OnOK() override {
+        chosen = list.GetCurSel();
+        GetDlgItemText(kName, name);
+        CDialog::OnOK();
+    }
+    void OnSelectionChanged() {
+        ++selectionChanges;
+        CString entry;
+        list.GetLBText(list.GetCurSel(), entry);
+        SetDlgItemText(kName, entry);
+    }
+    DECLARE_MESSAGE_MAP()
+};
+
+BEGIN_MESSAGE_MAP(SaveDialog, CDialog)
+ON_CBN_SELCHANGE(kList, OnSelectionChanged)
+END_MESSAGE_MAP()
+
+// Takes any command of the program range, wherever it comes from.
+class CommandTarget : public RecordingWnd {
+public:
+    std::vector<UINT> ids;
+    void OnAny(UINT id) { ids.push_back(id); }
+    DECLARE_MESSAGE_MAP()
+};
+
+BEGIN_MESSAGE_MAP(CommandTarget, RecordingWnd)
+ON_COMMAND_RANGE(1010, 1110, OnAny)
+END_MESSAGE_MAP()
+
+class DialogTest : public HostFixture {
+protected:
+    void SetUp() override {
+        HostFixture::SetUp();
+        AfxRegisterDialogTemplate(kTemplate, SaveLayout());
+        ASSERT_TRUE(panel.CreateChild(&frame, CRect(0, 0, 300, 200)));
+        dialog.owner = &panel;
+    }
+    void TearDown() override {
+        AfxUnregisterDialogTemplate(kTemplate);
+        HostFixture::TearDown();
+    }
+
+    void Step(std::function<void()> step) { driver.WhileModal(std::move(step)); }
+    CWnd* Item(int id) { return dialog.GetDlgItem(id); }
+
+    RecordingWnd panel;
+    SaveDialog dialog{&panel};
+};
+
+TEST_F(DialogTest, OkButtonEndsWithIdOkAfterReadingTheControls) {
+    Step([this] { driver.Click(Item(IDOK), CPoint(10, 10)); });
+    EXPECT_EQ(dialog.DoModal(), IDOK);
+    EXPECT_EQ(dialog.chosen, 1);
+    EXPECT_EQ(dialog.name, "initial");
+    EXPECT_EQ(dialog.GetSafeHwnd(), nullptr) << "the dialog is gone after DoModal";
+}
+
+TEST_F(DialogTest, CancelButtonEndsWithoutOnOk) {
+    Step([this] { driver.Click(Item(IDCANCEL), CPoint(10, 10)); });
+    EXPECT_EQ(dialog.DoModal(), IDCANCEL);
+    EXPECT_EQ(dialog.chosen, -2);
+}
+
+TEST_F(DialogTest, ReturnMeansOkAndEscapeMeansCancel) {
+    Step([this] { driver.Key(kKeyReturn, kCharReturn); });
+    EXPECT_EQ(dialog.DoModal(), IDOK);
+    SaveDialog second(&panel);
+    Step([this] { driver.Key(kKeyEscape, kCharEscape); });
+    EXPECT_EQ(second.DoModal(), IDCANCEL);
+}
+
+TEST_F(DialogTest, CloseBoxCancels) {
+    Step([this] { driver.Click(&dialog, CPoint(306, 14)); });
+    EXPECT_EQ(dialog.DoModal(), IDCANCEL);
+}
+
+TEST_F(DialogTest, OwnerIsDisabledOnlyWhileTheDialogRuns) {
+    Step([this] {
+        driver.Click(&panel, CPoint(5, 5));
+        driver.Key(kKeyEscape, kCharEscape);
+    });
+    dialog.DoModal();
+    EXPECT_TRUE(dialog.ownerDisabledDuringInit);
+    EXPECT_TRUE(panel.Only(WM_LBUTTONDOWN).empty()) << "clicks on the owner are dropped";
+    EXPECT_TRUE(panel.IsWindowEnabled());
+}
+
+TEST_F(DialogTest, BoundListIsTheDialogsControl) {
+    CWnd* boundItem = nullptr;
+    Step([&] {
+        boundItem = Item(kList);
+        driver.Key(kKeyEscape, kCharEscape);
+    });
+    dialog.DoModal();
+    EXPECT_EQ(boundItem, &dialog.list);
+}
+
+TEST_F(DialogTest, ChoosingFromTheListNotifiesTheDialog) {
+    Step([this] { driver.Click(&dialog.list, CPoint(20, 10)); });
+    Step([this] {
+        PopupListWnd* open = PopupListWnd::Active();
+        ASSERT_NE(open, nullptr);
+        driver.Click(open, open->ItemRect(2).CenterPoint());
+    });
+    Step([this] { driver.Click(Item(IDOK), CPoint(10, 10)); });
+    EXPECT_EQ(dialog.DoModal(), IDOK);
+    EXPECT_EQ(dialog.selectionChanges, 1);
+    EXPECT_EQ(dialog.chosen, 2);
+    EXPECT_EQ(dialog.name, "3:Program 3") << "the handler replaced the typed name";
+}
+
+TEST_F(DialogTest, TabMovesBetweenControlsAndTypingGoesToTheField) {
+    std::vector<CWnd*> focusSeen;
+    std::vector<CWnd*> expected;
+    Step([&] {
+        expected = {&dialog.list, Item(kName),  Item(IDCANCEL),
+                    Item(IDOK),   &dialog.list, Item(IDOK)};
+        focusSeen.push_back(CWnd::GetFocus());
+        driver.Key(kKeyTab, kCharTab);
+        focusSeen.push_back(CWnd::GetFocus());
+        driver.Type("Warm");
+        for (int i = 0; i < 3; ++i) {
+            driver.Key(kKeyTab, kCharTab);
+            focusSeen.push_back(CWnd::GetFocus());
+        }
+        driver.SetModifiers(kModifierShift);
+        driver.Key(kKeyTab, kCharTab);
+        driver.SetModifiers(0);
+        focusSeen.push_back(CWnd::GetFocus());
+        driver.Key(kKeyReturn, kCharReturn);
+    });
+    EXPECT_EQ(dialog.DoModal(), IDOK);
+    EXPECT_EQ(focusSeen, expected);
+    EXPECT_EQ(dialog.name, "Warm") << "Tab selects the field's text, typing replaces it";
+}
+
+TEST_F(DialogTest, ReturnOnAFocusedCancelButtonPressesIt) {
+    Step([this] {
+        Item(IDCANCEL)->SetFocus();
+        driver.Key(kKeyReturn, kCharReturn);
+    });
+    EXPECT_EQ(dialog.DoModal(), IDCANCEL);
+}
+
+TEST_F(DialogTest, MissingLayoutFailsWithMinusOne) {
+    CDialog unknown(5999, &panel);
+    testing::internal::CaptureStdout();
+    EXPECT_EQ(unknown.DoModal(), -1);
+    EXPECT_EQ(testing::internal::GetCapturedStdout(), "CreateWindowFromNib Err: 2\n");
+}
+
+TEST_F(DialogTest, DoModalActivatesTheDialogWithTraces) {
+    Step([this] { driver.Key(kKeyEscape, kCharEscape); });
+    testing::internal::CaptureStdout();
+    dialog.DoModal();
+    const std::string trace = testing::internal::GetCapturedStdout();
+    char expected[64];
+    std::snprintf(expected, sizeof expected, "PostMessage(%x,WM_ACTIVATE)\r\n",
+                  static_cast<unsigned>(reinterpret_cast<std::uintptr_t>(&dialog)));
+    EXPECT_EQ(trace.rfind(expected, 0), 0u) << trace;
+}
+
+TEST_F(DialogTest, FailedExchangeEndsTheDialogAtOnce) {
+    class Broken : public CDialog {
+    public:
+        using CDialog::CDialog;
+        CComboBox list;
+        void DoDataExchange(CDataExchange* exchange) override { DDX_Control(exchange, 4242, list); }
+    } broken(kTemplate, &panel);
+    EXPECT_EQ(broken.DoModal(), -1);
+    EXPECT_TRUE(panel.IsWindowEnabled());
+}
+
+TEST_F(DialogTest, MenuOpenedInsideAModalDialogStillDeliversItsCommand) {
+    CommandTarget receiver;
+    ASSERT_TRUE(receiver.CreateChild(&frame, CRect(0, 0, 50, 50)));
+    Step([this, &receiver] {
+        CMenu menu;
+        menu.CreatePopupMenu();
+        menu.AppendMenu(MF_STRING, 1011, "copy");
+        driver.WhileModal([this] {
+            PopupListWnd* open = PopupListWnd::Active();
+            driver.Click(open, open->ItemRect(0).CenterPoint());
+        });
+        EXPECT_TRUE(menu.TrackPopupMenu(0, 0, 0, &receiver));
+        driver.Key(kKeyEscape, kCharEscape);
+    });
+    dialog.DoModal();
+    EXPECT_EQ(receiver.ids, std::vector<UINT>{1011});
+}
+
+TEST_F(DialogTest, MessageBoxShowsTheTextAndReturnsOk) {
+    Step([this] {
+        CWnd* box = CWnd::GetFocus();
+        ASSERT_NE(box, nullptr);
+        CString text;
+        box->GetParent()->GetDlgItemText(0xFFFF, text);
+        EXPECT_EQ(text, "The default bank file could not be written.");
+        driver.Key(kKeyReturn, kCharReturn);
+    });
+    EXPECT_EQ(AfxMessageBox("The default bank file could not be written."), IDOK);
+}
+
+} // namespace
+
+TEST(MessageBoxWithoutDisplay, PrintsTheText) {
+    testing::internal::CaptureStdout();
+    EXPECT_EQ(AfxMessageBox("nothing open"), IDOK);
+    EXPECT_EQ(testing::internal::GetCapturedStdout(), "nothing open\n");
+}

@@ -1,0 +1,67 @@
+#include "CMenu.h"
+
+#include "CWnd.h"
+
+bool CMenu::CreatePopupMenu() {
+    m_menu = MenuCreateNS(this);
+    return true;
+}
+
+bool CMenu::DestroyMenu() {
+    const bool existed = m_menu != nullptr;
+    m_menu.reset();
+    return existed;
+}
+
+CMenu* CMenu::FromHandle(HMENU menu) {
+    return menu ? menu->Owner() : nullptr;
+}
+
+bool CMenu::AppendMenu(UINT flags, UINT id, const char* text) {
+    if (!m_menu)
+        return false;
+    AppendMenuItemNS(*m_menu, text ? text : "", id, (flags & (MF_GRAYED | MF_DISABLED)) == 0,
+                     (flags & MF_CHECKED) != 0, (flags & MF_SEPARATOR) != 0);
+    return true;
+}
+
+int CMenu::GetMenuItemCount() const {
+    return m_menu ? static_cast<int>(m_menu->Items().size()) : -1;
+}
+
+NativeMenuItem* CMenu::Find(UINT item, UINT flags) {
+    if (!m_menu)
+        return nullptr;
+    auto& items = m_menu->Items();
+    if (flags & MF_BYPOSITION)
+        return item < items.size() ? &items[item] : nullptr;
+    for (NativeMenuItem& candidate : items) {
+        if (candidate.tag == item && !candidate.separator)
+            return &candidate;
+    }
+    return nullptr;
+}
+
+int CMenu::EnableMenuItem(UINT item, UINT flags) {
+    NativeMenuItem* found = Find(item, flags);
+    if (!found)
+        return -1;
+    const int previous = found->enabled ? MF_ENABLED : MF_GRAYED;
+    found->enabled = (flags & (MF_GRAYED | MF_DISABLED)) == 0;
+    return previous;
+}
+
+int CMenu::CheckMenuItem(UINT item, UINT flags) {
+    NativeMenuItem* found = Find(item, flags);
+    if (!found)
+        return -1;
+    const int previous = found->checked ? MF_CHECKED : MF_UNCHECKED;
+    found->checked = (flags & MF_CHECKED) != 0;
+    return previous;
+}
+
+bool CMenu::TrackPopupMenu(UINT, int x, int y, CWnd* owner, const RECT*) {
+    if (!m_menu || !owner)
+        return false;
+    return MenuPopUpMenuNS(*m_menu, -1, x, y, owner->GetSafeHwnd(), owner);
+}

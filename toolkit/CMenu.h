@@ -1,0 +1,50 @@
+// A pop-up menu whose chosen item comes back to its owner window as WM_COMMAND with the
+// item's id. Made on the stack for one showing; its native menu goes with it.
+#pragma once
+
+#include "CObject.h"
+#include "NativeMenu.h"
+
+#include <memory>
+
+class CWnd;
+
+// AppendMenu flags.
+constexpr UINT MF_STRING = 0x0000;
+constexpr UINT MF_ENABLED = 0x0000;
+constexpr UINT MF_GRAYED = 0x0001;
+constexpr UINT MF_DISABLED = 0x0002;
+constexpr UINT MF_UNCHECKED = 0x0000;
+constexpr UINT MF_CHECKED = 0x0008;
+constexpr UINT MF_BYCOMMAND = 0x0000;
+constexpr UINT MF_BYPOSITION = 0x0400;
+constexpr UINT MF_SEPARATOR = 0x0800;
+// TrackPopupMenu flags (not used: the menu opens at the point, left button).
+constexpr UINT TPM_LEFTALIGN = 0x0000;
+constexpr UINT TPM_LEFTBUTTON = 0x0000;
+
+class CMenu : public CObject {
+public:
+    bool CreatePopupMenu();
+    bool DestroyMenu();
+    HMENU GetSafeHmenu() const { return m_menu.get(); }
+    // The CMenu of a native menu (as WM_INITMENUPOPUP carries it), or null.
+    static CMenu* FromHandle(HMENU menu);
+
+    bool AppendMenu(UINT flags, UINT id = 0, const char* text = nullptr);
+    int GetMenuItemCount() const;
+    // The previous state (MF_GRAYED or MF_ENABLED, MF_CHECKED or MF_UNCHECKED), -1 when the
+    // item does not exist.
+    int EnableMenuItem(UINT item, UINT flags);
+    int CheckMenuItem(UINT item, UINT flags);
+
+    // Shows the menu at (x, y) in the owner's client coordinates and returns when it
+    // closes: true when an item was chosen, which has then already reached the owner as a
+    // command. Flags and rectangle are not used.
+    bool TrackPopupMenu(UINT flags, int x, int y, CWnd* owner, const RECT* rect = nullptr);
+
+private:
+    NativeMenuItem* Find(UINT item, UINT flags);
+
+    std::unique_ptr<NativeMenu> m_menu;
+};

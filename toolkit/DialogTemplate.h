@@ -1,0 +1,32 @@
+// Dialog layouts built in code: a title, a client size and the controls with their ids,
+// places (client coordinates below the title strip), texts and styles. A module registers
+// its layouts by template id at start-up; CDialog builds a dialog from one.
+#pragma once
+
+#include "CString.h"
+#include "WinTypes.h"
+
+#include <vector>
+
+enum class DialogItemKind { Button, DefaultButton, Edit, ComboBox, Static };
+
+struct DialogItemTemplate {
+    DialogItemKind kind;
+    int id;
+    RECT rect;
+    CString text;
+    DWORD style; // added to the kind's own styles (child, visible, tab stop)
+};
+
+struct DialogTemplate {
+    CString title;
+    int width;
+    int height;
+    std::vector<DialogItemTemplate> items;
+};
+
+// Registering an id again replaces its layout.
+void AfxRegisterDialogTemplate(int templateId, const DialogTemplate& layout);
+void AfxUnregisterDialogTemplate(int templateId);
+// The layout registered under the id, or null.
+const DialogTemplate* AfxFindDialogTemplate(int templateId);

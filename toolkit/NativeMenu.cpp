@@ -1,0 +1,43 @@
+#include "NativeMenu.h"
+
+#include "CWnd.h"
+#include "MFCView0.h"
+#include "PopupListWnd.h"
+#include "PopupMenuClass.h"
+
+std::unique_ptr<NativeMenu> MenuCreateNS(CMenu* owner) {
+    return std::make_unique<NativeMenu>(owner);
+}
+
+void AppendMenuItemNS(NativeMenu& menu, const char* utf8Title, UINT tag, bool enabled, bool checked,
+                      bool separator) {
+    NativeMenuItem item;
+    item.title = utf8Title;
+    item.tag = tag;
+    item.enabled = enabled;
+    item.checked = checked;
+    item.separator = separator;
+    menu.Items().push_back(item);
+}
+
+bool MenuPopUpMenuNS(NativeMenu& menu, int index, int x, int y, MFCView0* view, CWnd* owner) {
+    if (!view || !owner)
+        return false;
+    PopupMenuClass target(owner);
+    menu.SetAutoenablesItems(false);
+    menu.SetDelegate(&target);
+    target.menuWillOpen(menu);
+
+    std::vector<PopupListItem> items;
+    for (const NativeMenuItem& item : menu.Items())
+        items.push_back({item.title, item.enabled, item.checked, item.separator});
+    const CPoint location = view->ScreenOrigin() + CSize(x, y);
+    PopupListWnd list(std::move(items), PopupListWnd::Layout::Columns);
+    const int chosen = list.Track(owner, location, 0, index, -1);
+
+    menu.SetDelegate(nullptr);
+    if (chosen < 0 || chosen >= static_cast<int>(menu.Items().size()))
+        return false;
+    target.selectMenuItem1(menu.Items()[chosen]);
+    return true;
+}
