@@ -30,17 +30,18 @@ struct Step {
     float opt;
 };
 
-// What a host may send before and between blocks.
+// What a host may send before and between blocks. Every order of the first six is tried;
+// the last changes nothing in this effect and only joins the repeated sequences.
 const Step kSteps[] = {
     {"open", effOpen, 0, 0.0f},
     {"mains-on", effMainsChanged, 1, 0.0f},
     {"mains-off", effMainsChanged, 0, 0.0f},
     {"start-process", effStartProcess, 0, 0.0f},
-    {"stop-process", effStopProcess, 0, 0.0f},
     {"sample-rate", effSetSampleRate, 0, 96000.0f},
     {"block-size", effSetBlockSize, 256, 0.0f},
+    {"stop-process", effStopProcess, 0, 0.0f},
 };
-constexpr int kStepCount = sizeof(kSteps) / sizeof(kSteps[0]);
+constexpr int kOrderedSteps = 6;
 constexpr int kFrames = 64;
 
 std::string describe(const std::vector<int>& order) {
@@ -92,8 +93,8 @@ protected:
 };
 
 TEST_F(Lifecycle, EveryOrderOfTheSetUpRequests) {
-    std::vector<int> order(kStepCount);
-    for (int i = 0; i < kStepCount; ++i) {
+    std::vector<int> order(kOrderedSteps);
+    for (int i = 0; i < kOrderedSteps; ++i) {
         order[i] = i;
     }
     Noise noise(31);
@@ -102,7 +103,7 @@ TEST_F(Lifecycle, EveryOrderOfTheSetUpRequests) {
         ASSERT_EQ(runSession(order, noise), "");
         ++sessions;
     } while (std::next_permutation(order.begin(), order.end()));
-    EXPECT_EQ(sessions, 5040);
+    EXPECT_EQ(sessions, 720);
 }
 
 TEST_F(Lifecycle, RepeatedAndMissingRequests) {
@@ -111,9 +112,9 @@ TEST_F(Lifecycle, RepeatedAndMissingRequests) {
         {0},                      // opened, never switched on
         {0, 0, 1, 1},             // opened and switched on twice
         {1, 2, 1, 2, 1, 2},       // switched on and off without ever being opened
-        {0, 1, 3, 3, 4, 4, 2, 2}, // processing started and stopped twice
-        {5, 6, 0, 1},             // the stream set before open
-        {0, 1, 5, 6, 5, 6, 2, 1}, // the stream changed while switched on
+        {0, 1, 3, 3, 6, 6, 2, 2}, // processing started and stopped twice
+        {4, 5, 0, 1},             // the stream set before open
+        {0, 1, 4, 5, 4, 5, 2, 1}, // the stream changed while switched on
         {0, 1},                   // closed while switched on
     };
     Noise noise(37);
@@ -129,8 +130,10 @@ size_t heapInUse() {
     return info.uordblks + info.hblkhd;
 }
 
-TEST_F(Lifecycle, ThousandsOfSessionsLeaveNothingBehind) {
-    constexpr int kSessions = 2000;
+// Anything made once, lazily, is made during the first round; only what every session
+// leaves behind makes the second round end with more than the first.
+TEST_F(Lifecycle, HundredsOfSessionsLeaveNothingBehind) {
+    constexpr int kSessionsPerRound = 300;
     Noise noise(41);
     const auto session = [&noise] {
         HostedPlugin plugin;
@@ -143,19 +146,22 @@ TEST_F(Lifecycle, ThousandsOfSessionsLeaveNothingBehind) {
         plugin.Dispatch(effSetChunk, 0, size, const_cast<char*>(copy.data()));
         plugin.Dispatch(effMainsChanged, 0, 0);
     };
-    session(); // anything made once per process is made now
+    const auto round = [&session] {
+        for (int i = 0; i < kSessionsPerRound; ++i) {
+            session();
+        }
+    };
+    round();
     const size_t heapBefore = heapInUse();
     const size_t descriptorsBefore = entriesIn("/proc/self/fd");
     const size_t threadsBefore = entriesIn("/proc/self/task");
-    for (int i = 0; i < kSessions; ++i) {
-        session();
-    }
+    round();
     EXPECT_EQ(entriesIn("/proc/self/fd"), descriptorsBefore);
     EXPECT_EQ(entriesIn("/proc/self/task"), threadsBefore);
     if (!kSanitizedBuild) {
         EXPECT_EQ(heapInUse(), heapBefore);
     }
-    std::printf("%d sessions\n", kSessions + 1);
+    std::printf("%d sessions\n", 2 * kSessionsPerRound);
 }
 
 } // namespace

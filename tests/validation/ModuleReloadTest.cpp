@@ -62,8 +62,8 @@ void loadRunAndUnload(Noise& noise) {
     EXPECT_EQ(dlclose(module), 0);
 }
 
-TEST(ModuleReload, HundredsOfLoadsLeaveNothingBehind) {
-    constexpr int kLoads = 300;
+TEST(ModuleReload, AHundredLoadsLeaveNothingBehind) {
+    constexpr int kLoads = 100;
     TempFolder preferences; // the user's own default bank file stays out of it
     ScopedEnv configHome("XDG_CONFIG_HOME", preferences.Path());
     Noise noise(43);

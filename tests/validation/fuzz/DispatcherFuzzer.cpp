@@ -3,7 +3,7 @@
 // parameter calls through the record. Pointers are always what a well-behaved host
 // passes for the opcode: a large zeroed buffer, a terminated text, a chunk of the size
 // claimed (at least one bank), or a valid record. effClose ends the effect and the host
-// makes a new one, as it would.
+// makes a new one, as it would; effEditOpen is left out, since it needs a real window.
 #include "FuzzInput.h"
 #include "PluginChecks.h"
 
@@ -50,6 +50,10 @@ public:
         case effClose:
             m_plugin->Close();
             m_plugin.reset(new HostedPlugin);
+            return;
+        case effEditOpen:
+            // Opening needs a window of the host's to open into; the other editor requests
+            // meet a closed editor here.
             return;
         default:
             Dispatch(opcode, index, value, opt);
