@@ -3,6 +3,7 @@
 #include "MessagePump.h"
 
 #include <chrono>
+#include <pthread.h>
 
 std::recursive_mutex& AfxUiLock() {
     static std::recursive_mutex lock;
@@ -21,6 +22,7 @@ FallbackIdleDriver::~FallbackIdleDriver() {
 }
 
 void FallbackIdleDriver::Run() {
+    pthread_setname_np(pthread_self(), "zephyra-idle");
     std::unique_lock<std::mutex> lock(m_mutex);
     while (
         !m_wake.wait_for(lock, std::chrono::milliseconds(kPeriodMs), [this] { return m_stop; })) {

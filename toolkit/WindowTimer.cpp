@@ -3,6 +3,7 @@
 #include "MainThreadQueue.h"
 
 #include <chrono>
+#include <pthread.h>
 
 namespace {
 std::atomic<std::uint32_t> g_nextGeneration{1};
@@ -38,6 +39,7 @@ bool WindowTimer::TakeTick() {
 // The period is a sleep between ticks, not a fixed rate; the first tick comes one period
 // after the start.
 void WindowTimer::Run() {
+    pthread_setname_np(pthread_self(), "zephyra-timer");
     const auto period = std::chrono::milliseconds(m_periodMs);
     std::unique_lock<std::mutex> lock(m_mutex);
     while (!m_wake.wait_for(lock, period, [this] { return m_stopRequested; })) {

@@ -15,6 +15,7 @@
 #include <chrono>
 #include <cstdlib>
 #include <dirent.h>
+#include <fstream>
 #include <string>
 #include <thread>
 
@@ -23,11 +24,17 @@ namespace {
 constexpr int kHostX = 40;
 constexpr int kHostY = 30;
 
-int ThreadCount() {
+// Threads of the toolkit (timers, the fallback idle driver) still alive in the process.
+int ToolkitThreadCount() {
     int count = 0;
     if (DIR* tasks = opendir("/proc/self/task")) {
         while (const dirent* entry = readdir(tasks)) {
-            if (entry->d_name[0] != '.')
+            if (entry->d_name[0] == '.')
+                continue;
+            std::ifstream comm(std::string("/proc/self/task/") + entry->d_name + "/comm");
+            std::string name;
+            std::getline(comm, name);
+            if (name.rfind("zephyra-", 0) == 0)
                 ++count;
         }
         closedir(tasks);
@@ -77,6 +84,13 @@ public:
         const std::uint32_t pixel = static_cast<std::uint32_t>(XGetPixel(image, 0, 0)) & 0xFFFFFF;
         XDestroyImage(image);
         return pixel;
+    }
+    void SetMapped(bool mapped) {
+        if (mapped)
+            XMapWindow(m_display, m_window);
+        else
+            XUnmapWindow(m_display, m_window);
+        XSync(m_display, False);
     }
     void Destroy() {
         XDestroyWindow(m_display, m_window);
@@ -158,7 +172,6 @@ protected:
 };
 
 TEST_F(X11EndToEnd, WindowInAForeignParentIsPaintedClickedAndTypedInto) {
-    const int threadsBefore = ThreadCount();
     {
         CFrameWnd frame;
         ASSERT_TRUE(frame.SetNativeHandle(host.Handle()));
@@ -171,7 +184,7 @@ TEST_F(X11EndToEnd, WindowInAForeignParentIsPaintedClickedAndTypedInto) {
         EXPECT_EQ(host.ChildCount(), 0u) << "the destroyed window left the host's window";
         frame.SetNativeHandle(nullptr);
     }
-    EXPECT_EQ(ThreadCount(), threadsBefore);
+    EXPECT_EQ(ToolkitThreadCount(), 0);
     host.Destroy();
 }
 
@@ -188,9 +201,11 @@ TEST_F(X11EndToEnd, HostDestroyingItsWindowRightAfterCloseIsHarmless) {
     {
         std::lock_guard<std::recursive_mutex> lock(AfxUiLock());
         EXPECT_FALSE(wnd.paintedAreas.empty()) << "the fallback painted before any idle";
+        EXPECT_EQ(ToolkitThreadCount(), 2) << "the timer and the fallback driver";
         wnd.DestroyWindow();
         frame.SetNativeHandle(nullptr);
     }
+    EXPECT_EQ(ToolkitThreadCount(), 0);
     host.Destroy();
 }
 
@@ -208,6 +223,39 @@ TEST_F(X11EndToEnd, HostWindowDestroyedWhileTheEditorIsOpen) {
         AfxWaitForWork(10);
     }
     EXPECT_TRUE(wnd.DestroyWindow());
+    frame.SetNativeHandle(nullptr);
+}
+
+TEST_F(X11EndToEnd, HostThatHidesTheEditorGetsAFullRepaintOnShowingIt) {
+    CFrameWnd frame;
+    ScenarioWnd wnd;
+    ASSERT_TRUE(frame.SetNativeHandle(host.Handle()));
+    frame.HostIdle();
+    ASSERT_TRUE(wnd.Create(nullptr, "w", 0x50000000, CRect(0, 0, 100, 100), &frame, 1));
+    X11Backend backend(host);
+    ASSERT_TRUE(backend.RunUntil([&] { return !wnd.paintedAreas.empty(); }));
+
+    host.SetMapped(false);
+    std::this_thread::sleep_for(std::chrono::milliseconds(250));
+    AfxPumpMessages();
+    wnd.paintedAreas.clear();
+    const CRect corner(0, 0, 5, 5);
+    wnd.InvalidateRect(&corner);
+    for (int i = 0; i < 5; ++i) {
+        AfxPumpMessages();
+        AfxWaitForWork(10);
+    }
+    EXPECT_TRUE(wnd.paintedAreas.empty()) << "nothing is drawn while the host hides it";
+
+    host.SetMapped(true);
+    ASSERT_TRUE(backend.RunUntil([&] {
+        CRect all;
+        for (const CRect& area : wnd.paintedAreas)
+            all.UnionRect(all, area);
+        return all == CRect(0, 0, 100, 100);
+    }));
+    EXPECT_EQ(backend.ScreenPixel(&wnd, 30, 30), 0xFFC000u);
+    wnd.DestroyWindow();
     frame.SetNativeHandle(nullptr);
 }
 

@@ -61,7 +61,7 @@ std::unique_ptr<NativeView> HeadlessPlatform::CreateTopLevelView(TopLevelKind ki
 std::unique_ptr<NativeView> HeadlessPlatform::WrapHostView(void* handle, ViewEvents&) {
     const auto found = std::find_if(m_hostWindows.begin(), m_hostWindows.end(),
                                     [handle](const auto& host) { return host.get() == handle; });
-    if (found == m_hostWindows.end())
+    if (found == m_hostWindows.end() || (*found)->destroyed)
         return nullptr;
     return std::make_unique<HeadlessView>(*this, found->get(), false);
 }
@@ -93,7 +93,7 @@ void* HeadlessPlatform::CreateHostWindow(const RECT& screenFrame) {
 void HeadlessPlatform::DestroyHostWindow(void* handle) {
     const auto found = std::find_if(m_hostWindows.begin(), m_hostWindows.end(),
                                     [handle](const auto& host) { return host.get() == handle; });
-    if (found == m_hostWindows.end())
+    if (found == m_hostWindows.end() || (*found)->destroyed)
         return;
     HeadlessNode* host = found->get();
     const std::vector<HeadlessNode*> inside = host->children;
@@ -107,12 +107,13 @@ void HeadlessPlatform::DestroyHostWindow(void* handle) {
     }
     EraseFrom(m_topLevels, host);
     Forget(*host);
-    m_hostWindows.erase(found);
+    host->destroyed = true;
+    host->visible = false;
 }
 
 void HeadlessPlatform::SetHostWindowVisible(void* handle, bool visible) {
     for (const auto& host : m_hostWindows) {
-        if (host.get() == handle && host->visible != visible) {
+        if (host.get() == handle && !host->destroyed && host->visible != visible) {
             host->visible = visible;
             NotifyViewable(*host, visible);
         }

@@ -24,6 +24,7 @@ struct HeadlessNode {
     bool visible = false;
     bool topLevel = false;
     bool hostWindow = false;
+    bool destroyed = false; // a host window that went away (kept for views that wrap it)
     TopLevelKind kind = TopLevelKind::Popup;
     ViewEvents* events = nullptr;
     HeadlessView* view = nullptr;
@@ -97,6 +98,7 @@ private:
 
     RECT m_screen{0, 0, 1920, 1080};
     std::vector<HeadlessNode*> m_topLevels; // bottom to top
+    // Host windows, destroyed ones included: views may still wrap them.
     std::vector<std::unique_ptr<HeadlessNode>> m_hostWindows;
     HeadlessNode* m_focus = nullptr;
     HeadlessNode* m_grab = nullptr;

@@ -11,19 +11,21 @@ HeadlessView::HeadlessView(HeadlessPlatform& platform, HeadlessNode* node, bool 
 }
 
 HeadlessView::~HeadlessView() {
-    if (!m_node || !m_ownsNode)
+    if (!m_ownsNode)
         return;
-    // Windows inside this one go with it, as on a display server.
-    const std::vector<HeadlessNode*> inside = m_node->children;
-    for (HeadlessNode* child : inside) {
-        m_platform.Detach(*child);
-        if (child->view) {
-            child->view->Lose();
-            if (child->events)
-                child->events->NativeDestroyed();
+    if (!m_lost) {
+        // Windows inside this one go with it, as on a display server.
+        const std::vector<HeadlessNode*> inside = m_node->children;
+        for (HeadlessNode* child : inside) {
+            m_platform.Detach(*child);
+            if (child->view) {
+                child->view->Lose();
+                if (child->events)
+                    child->events->NativeDestroyed();
+            }
         }
+        m_platform.Detach(*m_node);
     }
-    m_platform.Detach(*m_node);
     m_platform.Forget(*m_node);
     if (m_node->shown)
         cairo_surface_destroy(m_node->shown);
@@ -31,50 +33,54 @@ HeadlessView::~HeadlessView() {
 }
 
 void HeadlessView::SetFrame(const RECT& frame) {
-    if (m_node)
-        m_node->frame = frame;
+    if (HeadlessNode* node = Node())
+        node->frame = frame;
 }
 
 SIZE HeadlessView::Size() const {
-    if (!m_node)
+    const HeadlessNode* node = Node();
+    if (!node)
         return SIZE{0, 0};
-    return SIZE{m_node->frame.right - m_node->frame.left, m_node->frame.bottom - m_node->frame.top};
+    return SIZE{node->frame.right - node->frame.left, node->frame.bottom - node->frame.top};
 }
 
 POINT HeadlessView::ScreenOrigin() const {
-    return m_node ? m_platform.ScreenOriginOf(*m_node) : POINT{0, 0};
+    const HeadlessNode* node = Node();
+    return node ? m_platform.ScreenOriginOf(*node) : POINT{0, 0};
 }
 
 void HeadlessView::SetVisible(bool visible) {
-    if (m_node && m_node->visible != visible) {
-        m_node->visible = visible;
+    HeadlessNode* node = Node();
+    if (node && node->visible != visible) {
+        node->visible = visible;
         if (!visible)
-            m_platform.Forget(*m_node);
+            m_platform.Forget(*node);
     }
 }
 
 void HeadlessView::Raise() {
-    if (m_node)
-        m_platform.Raise(*m_node);
+    if (HeadlessNode* node = Node())
+        m_platform.Raise(*node);
 }
 
 void HeadlessView::SetTitle(const char* utf8Title) {
-    if (m_node)
-        m_node->title = utf8Title;
+    if (HeadlessNode* node = Node())
+        node->title = utf8Title;
 }
 
 void HeadlessView::Present(cairo_surface_t* pixels, const RECT& area) {
-    if (!m_node || !pixels)
+    HeadlessNode* node = Node();
+    if (!node || !pixels)
         return;
     const int width = cairo_image_surface_get_width(pixels);
     const int height = cairo_image_surface_get_height(pixels);
-    if (!m_node->shown || cairo_image_surface_get_width(m_node->shown) != width ||
-        cairo_image_surface_get_height(m_node->shown) != height) {
-        if (m_node->shown)
-            cairo_surface_destroy(m_node->shown);
-        m_node->shown = cairo_image_surface_create(CAIRO_FORMAT_ARGB32, width, height);
+    if (!node->shown || cairo_image_surface_get_width(node->shown) != width ||
+        cairo_image_surface_get_height(node->shown) != height) {
+        if (node->shown)
+            cairo_surface_destroy(node->shown);
+        node->shown = cairo_image_surface_create(CAIRO_FORMAT_ARGB32, width, height);
     }
-    cairo_t* cr = cairo_create(m_node->shown);
+    cairo_t* cr = cairo_create(node->shown);
     cairo_set_operator(cr, CAIRO_OPERATOR_SOURCE);
     cairo_rectangle(cr, area.left, area.top, area.right - area.left, area.bottom - area.top);
     cairo_clip(cr);
@@ -84,22 +90,24 @@ void HeadlessView::Present(cairo_surface_t* pixels, const RECT& area) {
 }
 
 void HeadlessView::TakeKeyboardFocus() {
-    if (m_node)
-        m_platform.SetFocus(m_node);
+    if (HeadlessNode* node = Node())
+        m_platform.SetFocus(node);
 }
 
 void HeadlessView::ReturnKeyboardFocus() {
-    if (m_node && m_platform.Focus() == m_node)
+    HeadlessNode* node = Node();
+    if (node && m_platform.Focus() == node)
         m_platform.SetFocus(nullptr);
 }
 
 void HeadlessView::GrabPointer() {
-    if (m_node)
-        m_platform.SetGrab(m_node);
+    if (HeadlessNode* node = Node())
+        m_platform.SetGrab(node);
 }
 
 void HeadlessView::ReleasePointer() {
-    if (m_node && m_platform.Grab() == m_node)
+    HeadlessNode* node = Node();
+    if (node && m_platform.Grab() == node)
         m_platform.SetGrab(nullptr);
 }
 

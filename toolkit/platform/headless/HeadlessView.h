@@ -11,9 +11,10 @@ public:
     HeadlessView(HeadlessPlatform& platform, HeadlessNode* node, bool ownsNode);
     ~HeadlessView() override;
 
-    HeadlessNode* Node() const { return m_node; }
-    // The platform destroyed the node (its host window went away).
-    void Lose() { m_node = nullptr; }
+    // Null once the window is gone.
+    HeadlessNode* Node() const { return m_lost || m_node->destroyed ? nullptr : m_node; }
+    // The window went away with its host window; the view still frees the node.
+    void Lose() { m_lost = true; }
 
     void SetFrame(const RECT& frame) override;
     SIZE Size() const override;
@@ -31,6 +32,7 @@ private:
     HeadlessPlatform& m_platform;
     HeadlessNode* m_node;
     const bool m_ownsNode;
+    bool m_lost = false;
 };
 
 } // namespace native
