@@ -22,8 +22,6 @@ void CDC::BindToWindow(CWnd* wnd) {
         return;
     wnd->GetClientRect(&m_clipRect);
     m_size = m_clipRect.Size();
-    m_defaultFont.CopyFrom(*wnd->GetFont());
-    m_fontHandle = m_defaultFont.GetSafeHandle();
 }
 
 bool CDC::CreateBitmapDC(int width, int height) {
@@ -79,11 +77,9 @@ CFont* CDC::SelectObject(CFont* font) {
     CFont* previous = m_pSelectedFont ? m_pSelectedFont : NoFont();
     if (!font || font == NoFont()) {
         m_pSelectedFont = nullptr;
-        m_fontHandle = m_defaultFont.GetSafeHandle();
         return previous;
     }
     m_pSelectedFont = font;
-    m_fontHandle = font->GetSafeHandle();
     m_lineHeight = font->GetLineHeight();
     m_ascent = font->GetAscent();
     if (m_pWnd)

@@ -33,7 +33,6 @@ constexpr UINT DT_CENTER = 0x0001;
 constexpr UINT DT_RIGHT = 0x0002;
 constexpr UINT DT_VCENTER = 0x0004;
 constexpr UINT DT_SINGLELINE = 0x0020;
-constexpr UINT DT_END_ELLIPSIS = 0x8000;
 
 class CDC : public CObject {
 public:
@@ -102,7 +101,7 @@ public:
     cairo_surface_t* GetBitmapSurface() const { return m_bitmapSurface; }
 
 protected:
-    // Window DCs: the window's client size and clip, its font as the default font.
+    // Window DCs: the window's client size as size and clip.
     void BindToWindow(CWnd* wnd);
     void Touch(const RECT& area);
 
@@ -114,14 +113,11 @@ protected:
     CSize m_size;
     int m_lineHeight = 0;
     int m_ascent = 0;
-    CFont m_defaultFont;
     CPoint m_origin;
     COLORREF m_textColor = 0;
     COLORREF m_bkColor = 0xFFFFFF;
     int m_bkMode = OPAQUE;
-    int m_rasterMode = 13;
     CFont* m_pSelectedFont = nullptr;
-    const void* m_fontHandle = nullptr;
     CBitmap* m_pSelectedBitmap = nullptr;
     // What drawing touched, so that a window DC shows only that.
     CRect m_touched;

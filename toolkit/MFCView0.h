@@ -41,7 +41,6 @@ public:
     // Views are found again by serial number, so that late work never reaches a dead view.
     std::uint64_t Serial() const { return m_serial; }
     static MFCView0* FromSerial(std::uint64_t serial);
-    MFCView0* Superview() const { return m_superview; }
     const std::shared_ptr<native::NativePlatform>& Platform() const { return m_platform; }
     const native::NativeView* Native() const { return m_native.get(); }
 

@@ -12,7 +12,6 @@ public:
     MFCWindow(const MFCWindow&) = delete;
     MFCWindow& operator=(const MFCWindow&) = delete;
 
-    MFCView0* GetContentView() const { return m_view; }
     // The close box: WM_SYSCOMMAND with SC_CLOSE.
     void PerformClose();
     // WM_SIZE with the new content size.

@@ -72,13 +72,11 @@ public:
 
     // Steps run one per ProcessEvents call: input for a modal loop to see.
     void QueueStep(std::function<void()> step) { m_steps.push_back(std::move(step)); }
-    bool HasQueuedSteps() const { return !m_steps.empty(); }
 
     // The node's pixels as they are on screen, with the visible windows inside it on top.
     cairo_surface_t* Compose(const HeadlessNode& node) const;
     HeadlessNode* NodeAt(int screenX, int screenY) const;
     POINT ScreenOriginOf(const HeadlessNode& node) const;
-    std::vector<HeadlessNode*> TopLevels() const { return m_topLevels; }
 
     // HeadlessView's needs.
     void AttachChild(HeadlessNode& parent, HeadlessNode& child);

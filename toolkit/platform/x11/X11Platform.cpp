@@ -220,6 +220,7 @@ void X11Platform::ProcessEvents() {
         }
         Dispatch(event);
     }
+    GivePendingFocus();
     CheckViewability();
     XFlush(m_display);
 }
@@ -233,6 +234,20 @@ void X11Platform::Dispatch(XEvent& event) {
     const auto found = m_views.find(event.xany.window);
     if (found != m_views.end())
         found->second->HandleEvent(event);
+}
+
+void X11Platform::GivePendingFocus() {
+    if (m_pendingFocus == None)
+        return;
+    XWindowAttributes attributes{};
+    if (!XGetWindowAttributes(m_display, m_pendingFocus, &attributes)) {
+        m_pendingFocus = None;
+        return;
+    }
+    if (attributes.map_state != IsViewable)
+        return;
+    XSetInputFocus(m_display, m_pendingFocus, RevertToParent, CurrentTime);
+    m_pendingFocus = None;
 }
 
 void X11Platform::CheckViewability() {

@@ -40,16 +40,21 @@ public:
     bool IsOurs(Window window) const;
     // The window that had the keyboard before one of ours took it.
     Window& FocusToRestore() { return m_focusToRestore; }
+    // A window that asked for the keyboard before it could be shown (a window manager maps
+    // new dialogs in its own time); it gets the keyboard once it is viewable.
+    Window& PendingFocus() { return m_pendingFocus; }
 
 private:
     explicit X11Platform(Display* display);
     void Dispatch(XEvent& event);
     void CheckViewability();
+    void GivePendingFocus();
 
     Display* m_display;
     Atom m_wmDeleteWindow;
     std::map<Window, X11View*> m_views;
     Window m_focusToRestore = None;
+    Window m_pendingFocus = None;
     unsigned long m_lastViewabilityCheckMs = 0;
 };
 

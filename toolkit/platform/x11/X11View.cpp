@@ -123,6 +123,8 @@ X11View::~X11View() {
 }
 
 void X11View::Forget() {
+    if (m_platform.PendingFocus() == m_window)
+        m_platform.PendingFocus() = None;
     if (m_surface) {
         cairo_surface_finish(m_surface);
         cairo_surface_destroy(m_surface);
@@ -306,14 +308,20 @@ void X11View::TakeKeyboardFocus() {
         m_platform.FocusToRestore() = focused;
     XWindowAttributes attributes{};
     if (XGetWindowAttributes(m_display, m_window, &attributes) &&
-        attributes.map_state == IsViewable)
+        attributes.map_state == IsViewable) {
         XSetInputFocus(m_display, m_window, RevertToParent, CurrentTime);
+        m_platform.PendingFocus() = None;
+    } else {
+        m_platform.PendingFocus() = m_window;
+    }
     XFlush(m_display);
 }
 
 void X11View::ReturnKeyboardFocus() {
     if (m_window == None)
         return;
+    if (m_platform.PendingFocus() == m_window)
+        m_platform.PendingFocus() = None;
     Window focused = None;
     int revert = 0;
     XGetInputFocus(m_display, &focused, &revert);
