@@ -10,6 +10,8 @@ namespace {
 constexpr int kReadoutFontSize = 9;
 constexpr int kEntryFontSize = 12;
 constexpr const char kPanelFontFace[] = "Osaka";
+// The entry window's first size; every entry sets its own.
+constexpr int kEntryWindowDigits = 6;
 } // namespace
 
 BEGIN_MESSAGE_MAP(CUIWindow, CWnd)
@@ -17,6 +19,13 @@ ON_WM_CREATE()
 ON_WM_PAINT()
 ON_WM_SIZE()
 ON_WM_TIMER()
+ON_WM_LBUTTONDOWN()
+ON_WM_LBUTTONDBLCLK()
+ON_WM_MOUSEMOVE()
+ON_WM_LBUTTONUP()
+ON_MESSAGE(WM_ENTRY_RETURN, OnInputValReturn)
+ON_MESSAGE(WM_INITMENUPOPUP, OnInitMenuPopup)
+ON_COMMAND_RANGE(kCopyProgramFirstCommand, kCopyProgramLastCommand, OnSelCopyPg)
 END_MESSAGE_MAP()
 
 CUIWindow::CUIWindow() = default;
@@ -49,6 +58,9 @@ int CUIWindow::OnCreate(CREATESTRUCT* create) {
     LoadBitmaps();
     MakeControls();
     ShowEffectValues();
+    m_entry.MakeWindow(this, this, "", CRect(), kEntryWindowDigits, &m_largeFont, true);
+    m_entry.ShowWindow(SW_HIDE);
+    m_editTarget = kNoEntry;
     m_meterLevels.fill(kMeterFloorDb);
     m_meterSequence = 0xFFFF;
     SetTimer(kMeterTimerId, kMeterTimerPeriodMs, nullptr);

@@ -10,6 +10,7 @@
 #include "CQMTBitmap.h"
 #include "CQMTBitmapSliderDC.h"
 #include "CQMTBitmapSwitch2DC.h"
+#include "CQMTFloatEditWnd.h"
 #include "CQMTNewBitmapTumamiDC.h"
 #include "CWnd.h"
 #include "MessageMap.h"
@@ -43,6 +44,14 @@ public:
     // A control moved by the user: the effect applies the value and tells the host.
     void ChangeControl(int id, float value);
 
+    // Typed entry over a read-out: values, limits and the place as the panel gives them
+    // (tenths), target the read-out's entry target.
+    void ShowEdit(int value, int minimum, int maximum, bool sign, int width, CRect rect,
+                  int target);
+    void HideEdit();
+    int GetEditTarget() const { return m_editTarget; }
+    CQMTFloatEditWnd& EntryWindow() { return m_entry; }
+
     void DrawGain1Disp(CDC* dc);
     void DrawFreq1Disp(CDC* dc);
     void DrawQ1Disp(CDC* dc);
@@ -67,6 +76,14 @@ protected:
     void OnPaint();
     void OnSize(UINT type, int cx, int cy);
     void OnTimer(UINT id);
+    void OnLButtonDown(UINT flags, CPoint point);
+    void OnLButtonDblClk(UINT flags, CPoint point);
+    void OnMouseMove(UINT flags, CPoint point);
+    void OnLButtonUp(UINT flags, CPoint point);
+    LRESULT OnInputValReturn(WPARAM wParam, LPARAM lParam);
+    // A program chosen in the copy menu: its settings become the current program's.
+    void OnSelCopyPg(UINT command);
+    LRESULT OnInitMenuPopup(WPARAM menu, LPARAM lParam);
 
     DECLARE_MESSAGE_MAP()
 
@@ -83,6 +100,13 @@ private:
     void DeliverPendingUpdates();
     void UpdateMeters();
     void InvalidateProgramLamp();
+    bool StartEntry(CPoint point);
+    bool PressKnob(CPoint point, CDC* dc);
+    bool PressSlider(CPoint point, CDC* dc);
+    bool PressSwitch(CPoint point, CDC* dc);
+    void SelectTypeByUser(int slot, CDC* dc);
+    void ShowCopyMenu();
+    void SaveWithDialog();
 
     CZephyraEditor* m_pEditor = nullptr;
     CQMTBitmap* m_pBackground = nullptr;
@@ -94,7 +118,9 @@ private:
     CQMTBitmapSwitch2DC m_onOffSwitch;
     std::array<CQMTBitmapSwitch2DC, kTypeSwitchCount> m_typeSwitches;
     CQMTBitmapSwitch2DC m_copyButton;
+    CQMTFloatEditWnd m_entry;
     std::array<float, kMeterCount> m_meterLevels{};
     bool m_bPainted = false;
     std::uint16_t m_meterSequence = 0xFFFF;
+    int m_editTarget = kNoEntry;
 };

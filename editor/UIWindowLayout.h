@@ -96,3 +96,27 @@ constexpr RECT kSaveButtonRect{265, 11, 308, 27};
 constexpr int kMeterLefts[] = {29, 38, 422, 431};
 constexpr int kMeterCount = sizeof kMeterLefts / sizeof kMeterLefts[0];
 constexpr int kMeterTop = 45;
+
+// Typed entry over each read-out, in the order the panel tests them: the parameter, whether
+// a sign may be typed and how many digits the field holds.
+struct EntryLayout {
+    int target;
+    int parameter;
+    bool sign;
+    int digits;
+    RECT readout;
+};
+constexpr EntryLayout kEntryLayout[] = {
+    {kEntryGain1, kParamGain1, true, 4, kKnobLayout[0].readout},
+    {kEntryFreq1, kParamFreq1, false, 6, kKnobLayout[1].readout},
+    {kEntryQ1, kParamQ1, false, 3, kKnobLayout[2].readout},
+    {kEntryGain2, kParamGain2, true, 4, kKnobLayout[3].readout},
+    {kEntryFreq2, kParamFreq2, false, 6, kKnobLayout[4].readout},
+    {kEntryQ2, kParamQ2, false, 3, kKnobLayout[5].readout},
+    {kEntryInput, kParamInput, true, 4, kSliderLayout[0].readout},
+    {kEntryOutput, kParamOutput, true, 4, kSliderLayout[1].readout},
+};
+
+// Where the copy-program menu opens, in panel coordinates.
+constexpr int kCopyMenuLeft = 88;
+constexpr int kCopyMenuTop = 14;

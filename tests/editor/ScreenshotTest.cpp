@@ -79,7 +79,7 @@ TEST(EditorOnX11, TheScreenShowsWhatThePanelPaints) {
     TempFolder scratch;
     ScopedEnv preferences("XDG_CONFIG_HOME", scratch.Path());
     std::vector<std::string> arguments{
-        "--plugin",     ZEPHYRA_MODULE,        "editor", "--seconds", "1",
+        "--plugin",     ZEPHYRA_MODULE,        "editor", "--seconds", "2",
         "--screenshot", scratch / "editor.png"};
     for (const Setting& setting : kSettings) {
         arguments.push_back("--set");

@@ -1,0 +1,205 @@
+// The floating entry window and its field: what typing does to the text, how the value is
+// reported in tenths, limits on leaving the field, Return and Escape, and the window's size.
+#include "CDC.h"
+#include "CFrameWnd.h"
+#include "CHeadlessDriver.h"
+#include "CQMTFloatEditWnd.h"
+#include "KeyCodes.h"
+#include "PanelIds.h"
+#include "WinStyles.h"
+
+#include <gtest/gtest.h>
+#include <string>
+#include <vector>
+
+namespace {
+
+struct Received {
+    UINT message;
+    WPARAM wParam;
+};
+
+// Stands in for the panel: holds the entry window and writes down what it is told.
+class EntryOwner : public CWnd {
+public:
+    std::vector<Received> received;
+    std::vector<WPARAM> commands;
+
+    LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override {
+        if (message == WM_ENTRY_RETURN || message == WM_ENTRY_ESCAPE)
+            received.push_back({message, wParam});
+        return CWnd::WindowProc(message, wParam, lParam);
+    }
+};
+
+class EntryField : public ::testing::Test {
+protected:
+    void SetUp() override {
+        host = driver.CreateHostWindow(CRect(100, 100, 600, 400));
+        ASSERT_TRUE(frame.SetNativeHandle(host));
+        frame.HostIdle();
+        ASSERT_TRUE(owner.Create(nullptr, "owner", 0x50000000, CRect(0, 0, 400, 200), &frame, 0));
+        font.CreatePointFont(12, "Osaka");
+        ASSERT_TRUE(entry.MakeWindow(&owner, &owner, "", CRect(), 6, &font, true));
+    }
+
+    void TearDown() override {
+        owner.DestroyWindow();
+        frame.SetNativeHandle(nullptr);
+    }
+
+    // Opens the entry as the panel does: a value in tenths, selected in full.
+    void Start(int tenths, bool sign, int digits) {
+        entry.SetNewValue(tenths, -1000, 1000);
+        entry.SetSingnFlag(sign);
+        entry.ChangeSize(digits, sign);
+        entry.SetWindowPos(nullptr, 20, 30, 0, 0, SWP_NOSIZE | SWP_NOZORDER);
+        Field().SetSel(0, -1);
+        entry.ShowWindow(SW_SHOW);
+        Field().SetFocus();
+        driver.Pump();
+    }
+
+    CNormalFloatEdit& Field() { return entry.GetEdit(); }
+    std::string Text() {
+        CString text;
+        Field().GetWindowText(text);
+        return text.GetString();
+    }
+    std::string Reported() {
+        char text[64] = {};
+        Field().GetWindowText(text, sizeof text);
+        return text;
+    }
+
+    CHeadlessDriver driver;
+    void* host = nullptr;
+    CFrameWnd frame;
+    EntryOwner owner;
+    CFont font;
+    CQMTFloatEditWnd entry;
+};
+
+TEST_F(EntryField, AValueIsShownWithOneDecimalAndReportedInTenths) {
+    Start(42, true, 4);
+    EXPECT_EQ(Text(), "4.2");
+    EXPECT_EQ(Reported(), "42");
+    int start = 0;
+    int end = 0;
+    Field().GetSel(start, end);
+    EXPECT_EQ(start, 0);
+    EXPECT_EQ(end, 3) << "selected in full, ready to be typed over";
+
+    entry.SetNewValue(-7, -1000, 1000);
+    Field().GetSel(start, end);
+    EXPECT_EQ(Text(), "-0.7");
+    EXPECT_EQ(end, 4) << "the caret after the text";
+}
+
+TEST_F(EntryField, TypingANumberAndReturnReportsItInTenths) {
+    Start(0, true, 4);
+    driver.Type("12.3");
+    EXPECT_EQ(Text(), "12.3");
+    EXPECT_EQ(Field().GetReportedText(), "123");
+    driver.Key(kKeyReturn, kCharReturn);
+    EXPECT_EQ(Reported(), "123");
+    ASSERT_EQ(owner.received.size(), 1u);
+    EXPECT_EQ(owner.received[0].message, WM_ENTRY_RETURN);
+    EXPECT_EQ(owner.received[0].wParam, 0u);
+    EXPECT_FALSE(entry.IsWindowVisible());
+}
+
+TEST_F(EntryField, KeyCode35EndsTheEntryLikeReturn) {
+    Start(10, false, 3);
+    driver.Key(35, 'p');
+    ASSERT_EQ(owner.received.size(), 1u);
+    EXPECT_EQ(owner.received[0].message, WM_ENTRY_RETURN);
+}
+
+TEST_F(EntryField, EscapeHidesTheWindowAndGivesTheFocusBack) {
+    Start(10, false, 3);
+    driver.Type("9");
+    driver.Key(kKeyEscape, kCharEscape);
+    ASSERT_EQ(owner.received.size(), 1u);
+    EXPECT_EQ(owner.received[0].message, WM_ENTRY_ESCAPE);
+    EXPECT_EQ(owner.received[0].wParam, 0u);
+    EXPECT_FALSE(entry.IsWindowVisible());
+    EXPECT_EQ(CWnd::GetFocus(), &owner);
+}
+
+TEST_F(EntryField, RefusedCharactersLeaveTheValueInTheDisplayFormat) {
+    struct Case {
+        const char* what;
+        bool sign;
+        const char* typed;
+        const char* shown;
+        const char* reported;
+    };
+    const Case cases[] = {
+        {"a minus sign in an unsigned field", false, "12-", "12.0", "120"},
+        {"a minus sign in a signed field", true, "-12", "-12", "-120"},
+        {"a letter", true, "7x", "7.0", "70"},
+        {"two decimals, rounded as the C library rounds", true, "1.25x", "1.2", "12"},
+        {"only what the field holds", true, "123456789", "12345", "123450"},
+    };
+    for (const Case& c : cases) {
+        Start(0, c.sign, 4);
+        driver.Type(c.typed);
+        EXPECT_EQ(Text(), c.shown) << c.what;
+        EXPECT_EQ(Field().GetReportedText(), c.reported) << c.what;
+    }
+}
+
+TEST_F(EntryField, TheArrowKeysMoveTheCaret) {
+    Start(0, false, 6);
+    driver.Type("13");
+    driver.Key(kKeyLeft, kCharLeft);
+    driver.Type("2");
+    EXPECT_EQ(Text(), "123");
+    driver.Key(kKeyRight, kCharRight);
+    driver.Type("4");
+    EXPECT_EQ(Text(), "1234");
+}
+
+TEST_F(EntryField, LeavingTheFieldLimitsAndRewritesItsValue) {
+    Start(0, false, 6);
+    Field().SetInputMinMax(0.0, 100.0);
+    Field().SetInputMinMax(5.0, 1.0);
+    driver.Type("999");
+    owner.SetFocus();
+    EXPECT_EQ(Text(), "100.0") << "limited to the range set first";
+    EXPECT_EQ(Field().GetReportedText(), "1000");
+    EXPECT_TRUE(entry.IsWindowVisible()) << "losing the focus does not end the entry";
+    EXPECT_TRUE(owner.received.empty());
+}
+
+TEST_F(EntryField, TheSpinButtonStepsTheValueByATenth) {
+    Start(42, true, 4);
+    entry.GetSpin().Step(1);
+    EXPECT_EQ(Text(), "4.3");
+    driver.Key(kKeyDown, 0);
+    driver.Key(kKeyDown, 0);
+    EXPECT_EQ(Reported(), "41");
+}
+
+TEST_F(EntryField, TheWindowIsSizedForItsDigitsInItsFont) {
+    Start(0, false, 3);
+    CRect narrow;
+    entry.GetWindowRect(&narrow);
+    Start(0, false, 6);
+    CRect wide;
+    entry.GetWindowRect(&wide);
+    CDC measure;
+    measure.SelectObject(&font);
+    const CSize letter = measure.GetTextExtent("A", 1);
+    EXPECT_EQ(wide.Width() - narrow.Width(), 3 * letter.cx);
+    EXPECT_EQ(wide.Height(), letter.cy + letter.cy / 2);
+    EXPECT_EQ(narrow.Width(), 16 + 4 * letter.cx + 2 * 2) << "spin, digits and a sign, frame";
+    CRect field;
+    Field().GetWindowRect(&field);
+    EXPECT_EQ(field.Width(), wide.Width() - 16);
+    EXPECT_EQ(Field().GetLimitText(), 7u);
+    EXPECT_EQ(wide.TopLeft(), CPoint(100 + 20, 100 + 30));
+}
+
+} // namespace

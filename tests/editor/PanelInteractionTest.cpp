@@ -1,0 +1,432 @@
+// The panel under the user's hands: drags and clicks on the controls, typed values over the
+// read-outs, the copy menu, the save dialog, the lamp and the meters, checked through the
+// effect's state and what the host is told.
+#include "CClientDC.h"
+#include "CComboBox.h"
+#include "CPresetSaveDlg.h"
+#include "EditorHost.h"
+#include "KeyCodes.h"
+#include "PopupListWnd.h"
+#include "UIWindowLayout.h"
+#include "WinControlIds.h"
+
+#include <cmath>
+#include <gtest/gtest.h>
+#include <vector>
+
+namespace {
+
+constexpr int kAutomate = audioMasterAutomate;
+constexpr int kUpdateDisplay = 42;
+
+class PanelInteraction : public EditorHost {
+protected:
+    void SetUp() override {
+        EditorHost::SetUp();
+        Open();
+        host.calls.clear();
+    }
+
+    void Click(CPoint point) { driver.Click(&Panel(), point); }
+    void Click(const RECT& rect) { Click(CRect(rect).CenterPoint()); }
+
+    // What the host was told by automation: index and value, in order.
+    std::vector<std::pair<int, float>> Automation() const {
+        std::vector<std::pair<int, float>> told;
+        for (const HostCall& call : host.calls) {
+            if (call.opcode == kAutomate)
+                told.emplace_back(call.index, call.opt);
+        }
+        return told;
+    }
+
+    // Output level of a 5 kHz tone after the equaliser has settled.
+    double ToneLevel() {
+        constexpr int kFrames = 256;
+        std::vector<float> left(kFrames), right(kFrames), outLeft(kFrames), outRight(kFrames);
+        float* inputs[] = {left.data(), right.data()};
+        float* outputs[] = {outLeft.data(), outRight.data()};
+        double sum = 0.0;
+        for (int block = 0; block < 16; ++block) {
+            for (int i = 0; i < kFrames; ++i)
+                left[i] = right[i] =
+                    0.25f * std::sin(2.0 * M_PI * 5000.0 * (block * kFrames + i) / 44100.0);
+            effect.processReplacing(inputs, outputs, kFrames);
+        }
+        for (float sample : outLeft)
+            sum += sample * sample;
+        return std::sqrt(sum / kFrames);
+    }
+
+    // Opens the entry over a read-out, types and ends with Return.
+    void TypeInto(const EntryLayout& entry, const char* typed) {
+        Click(entry.readout);
+        ASSERT_EQ(Panel().GetEditTarget(), entry.target);
+        driver.Type(typed);
+        driver.Key(kKeyReturn, kCharReturn);
+    }
+
+    const EntryLayout& Entry(int parameter) {
+        for (const EntryLayout& entry : kEntryLayout) {
+            if (entry.parameter == parameter)
+                return entry;
+        }
+        return kEntryLayout[0];
+    }
+
+    // Runs the step while the copy menu is open.
+    void WithCopyMenu(std::function<void(PopupListWnd&)> step) {
+        driver.WhileModal([step] {
+            PopupListWnd* menu = PopupListWnd::Active();
+            ASSERT_NE(menu, nullptr);
+            step(*menu);
+        });
+        Click(kCopyButtonLayout.rect);
+    }
+
+    // Runs the step while the save dialog is open.
+    void WithSaveDialog(std::function<void(CPresetSaveDlg&)> step) {
+        driver.WhileModal([step] {
+            auto* dialog = dynamic_cast<CPresetSaveDlg*>(CWnd::GetFocus()->GetParent());
+            ASSERT_NE(dialog, nullptr);
+            step(*dialog);
+        });
+        Click(kSaveButtonRect);
+    }
+
+    std::string BankFile() { return ReadWholeFile(preferences / "ZephyraDef.fxb"); }
+};
+
+TEST_F(PanelInteraction, AKnobDragChangesTheSoundAndTellsTheHostOnEveryMove) {
+    // The engine starts from its own settings; the host's first values align it with the
+    // parameters (band 1 a high shelf at 1 kHz, flat).
+    for (int index = 0; index < kNumParams; ++index)
+        effect.setParameter(index, effect.getParameter(index));
+    host.calls.clear();
+    const double before = ToneLevel();
+    const CRect knob(kKnobLayout[0].control);
+    const CPoint centre = knob.CenterPoint();
+    driver.Press(&Panel(), CPoint(knob.left, centre.y));     // left: 0.2
+    driver.Move(&Panel(), CPoint(centre.x, knob.top));       // up: 0.5
+    driver.Move(&Panel(), CPoint(knob.right - 1, centre.y)); // right
+    driver.Release(&Panel(), CPoint(knob.right - 1, centre.y));
+
+    const auto told = Automation();
+    ASSERT_EQ(told.size(), 4u) << "the press, two moves and the release";
+    EXPECT_EQ(told[0].first, kParamGain1);
+    EXPECT_NEAR(told[0].second, 0.2f, 1e-6);
+    EXPECT_NEAR(told[1].second, 0.5f, 1e-6);
+    EXPECT_GT(told[2].second, 0.79f);
+    EXPECT_EQ(told[3], told[2]);
+    EXPECT_FLOAT_EQ(effect.getParameter(kParamGain1), told[3].second);
+    EXPECT_EQ(CWnd::GetCapture(), nullptr);
+    EXPECT_GT(ToneLevel(), before * 1.5) << "band 1 lifts the highs by some 7 dB";
+}
+
+TEST_F(PanelInteraction, ASliderTellsTheHostOnlyWhenItsValueChanges) {
+    const CRect track(kSliderLayout[0].control);
+    driver.Press(&Panel(), CPoint(track.left + 4, track.top + 64));
+    driver.Move(&Panel(), CPoint(track.left + 9, track.top + 64));
+    driver.Move(&Panel(), CPoint(track.left + 9, track.top + 30));
+    driver.Release(&Panel(), CPoint(track.left + 9, track.top + 30));
+    const auto told = Automation();
+    ASSERT_EQ(told.size(), 2u);
+    EXPECT_EQ(told[0].first, kParamInput);
+    EXPECT_LT(told[0].second, told[1].second) << "higher on the track, more level";
+    EXPECT_FLOAT_EQ(Panel().Slider(0).GetValue(), effect.getParameter(kParamInput));
+}
+
+TEST_F(PanelInteraction, TheTypeSwitchesOfABandAreRadioButtons) {
+    Click(kTypeSwitchLayout[1].rect);
+    EXPECT_EQ(Automation(), (std::vector<std::pair<int, float>>{{kParamType1, 0.5f}}));
+    char text[16] = {};
+    effect.getParameterDisplay(kParamType1, text);
+    EXPECT_STREQ(text, "PEAK");
+    EXPECT_FALSE(Panel().TypeSwitch(0).GetValue());
+    EXPECT_TRUE(Panel().TypeSwitch(1).GetValue());
+    EXPECT_FALSE(Panel().TypeSwitch(2).GetValue());
+    EXPECT_TRUE(Panel().TypeSwitch(3).GetValue()) << "the other band keeps its type";
+
+    Click(kTypeSwitchLayout[1].rect);
+    EXPECT_EQ(Automation().size(), 1u) << "the lit switch tells nothing new";
+    Click(kTypeSwitchLayout[5].rect);
+    EXPECT_EQ(Automation().back(), (std::pair<int, float>{kParamType2, 1.0f}));
+    EXPECT_FALSE(Panel().TypeSwitch(3).GetValue());
+}
+
+TEST_F(PanelInteraction, TheOnOffSwitchTogglesAndWithModifiersRevertsTheProgram) {
+    struct Case {
+        const char* what;
+        unsigned modifiers;
+        bool factoryGain;
+        bool on;
+    };
+    const Case cases[] = {
+        {"a plain click", 0, false, false},
+        {"with Shift, the program's factory values", kModifierShift, true, true},
+        {"with Control, the empty all-programs revert", kModifierControl, false, false},
+        {"with both, only Shift's action", kModifierShift | kModifierControl, true, true},
+    };
+    for (const Case& c : cases) {
+        effect.setParameter(kParamOnOff, 1.0f);
+        effect.setParameter(kParamGain1, 0.9f);
+        Idle();
+        ASSERT_TRUE(Panel().OnOffSwitch().GetValue()) << c.what;
+        host.calls.clear();
+        driver.SetModifiers(c.modifiers);
+        Click(kOnOffSwitchLayout.rect);
+        driver.SetModifiers(0);
+        ASSERT_FALSE(Automation().empty()) << c.what;
+        EXPECT_EQ(Automation().front(), (std::pair<int, float>{kParamOnOff, 0.0f})) << c.what;
+        EXPECT_FLOAT_EQ(effect.getParameter(kParamGain1), c.factoryGain ? 0.5f : 0.9f) << c.what;
+        EXPECT_EQ(Panel().OnOffSwitch().GetValue(), c.on) << c.what;
+        EXPECT_FLOAT_EQ(Panel().Knob(0).GetValue(), effect.getParameter(kParamGain1)) << c.what;
+    }
+}
+
+TEST_F(PanelInteraction, ADoubleClickPressesTwice) {
+    driver.DoubleClick(&Panel(), CRect(kOnOffSwitchLayout.rect).CenterPoint());
+    EXPECT_EQ(Automation().size(), 2u);
+    EXPECT_TRUE(Panel().OnOffSwitch().GetValue());
+}
+
+TEST_F(PanelInteraction, TypedValuesArriveInTenthsNudgedAwayFromZeroAndClamped) {
+    struct Case {
+        int parameter;
+        const char* typed;
+        float handed; // the display value the effect receives
+    };
+    const Case cases[] = {
+        {kParamGain1, "-0.3", -0.305f},
+        {kParamGain1, "-3", -3.005f},
+        {kParamFreq2, "2500", 2500.005f},
+        {kParamQ1, "250", 10.0f}, // 25.005 and more, held at the Q's maximum
+        {kParamOutput, "-99", -59.794706f},
+        {kParamInput, "3", 0.0f},
+    };
+    for (const Case& c : cases) {
+        host.calls.clear();
+        TypeInto(Entry(c.parameter), c.typed);
+        const float bias = c.handed < 0.0f ? -0.05f : 0.05f;
+        EXPECT_NEAR(effect.getParameterDisplayVal(c.parameter) - bias, c.handed, 1e-4) << c.typed;
+        float normalised = 0.0f;
+        for (const auto& [index, value] : Automation()) {
+            if (index == c.parameter)
+                normalised = value;
+        }
+        EXPECT_FLOAT_EQ(normalised, effect.getParameter(c.parameter)) << c.typed;
+        EXPECT_EQ(Panel().GetEditTarget(), kNoEntry);
+        EXPECT_FALSE(Panel().EntryWindow().IsWindowVisible());
+    }
+    EXPECT_FLOAT_EQ(Panel().Knob(2).GetValue(), 1.0f) << "the Q1 knob followed";
+}
+
+TEST_F(PanelInteraction, TheEntryOpensOverItsReadoutWithTheCurrentValue) {
+    effect.setParameter(kParamFreq1, 0.5f);
+    Idle();
+    Click(kKnobLayout[1].readout);
+    EXPECT_TRUE(Panel().EntryWindow().IsWindowVisible());
+    CString shown;
+    Panel().EntryWindow().GetEdit().GetWindowText(shown);
+    EXPECT_EQ(shown, "10010.0");
+    CRect place;
+    Panel().EntryWindow().GetWindowRect(&place);
+    EXPECT_EQ(place.TopLeft(), CPoint(kHostLeft + kKnobLayout[1].readout.left + 1, kHostTop + 91));
+}
+
+TEST_F(PanelInteraction, AClickElsewhereAbandonsAnEntry) {
+    const float before = effect.getParameter(kParamGain1);
+    Click(kKnobLayout[0].readout);
+    driver.Type("5");
+    Click(CPoint(140, 20));
+    EXPECT_EQ(Panel().GetEditTarget(), kNoEntry);
+    EXPECT_FALSE(Panel().EntryWindow().IsWindowVisible());
+    driver.Key(kKeyReturn, kCharReturn);
+    EXPECT_FLOAT_EQ(effect.getParameter(kParamGain1), before);
+    EXPECT_TRUE(Automation().empty());
+}
+
+TEST_F(PanelInteraction, TheCopyMenuCopiesAnotherProgramIntoTheCurrentOne) {
+    effect.setProgram(3);
+    effect.setParameter(kParamGain1, 0.9f);
+    effect.setProgram(0);
+    Idle();
+    WithCopyMenu([this](PopupListWnd& menu) {
+        EXPECT_TRUE(Panel().CopyButton().GetValue()) << "shown pressed while open";
+        driver.Click(&menu, menu.ItemRect(3).CenterPoint());
+    });
+    EXPECT_EQ(effect.getProgram(), 0);
+    EXPECT_FLOAT_EQ(effect.getParameter(kParamGain1), 0.9f);
+    EXPECT_FLOAT_EQ(Panel().Knob(0).GetValue(), 0.9f);
+    EXPECT_FALSE(Panel().CopyButton().GetValue());
+}
+
+// A click on the current program leaves the menu open; the next click copies.
+TEST_F(PanelInteraction, TheCopyMenuDoesNotOfferTheCurrentProgram) {
+    effect.setProgram(3);
+    effect.setParameter(kParamGain1, 0.9f);
+    effect.setProgram(2);
+    effect.setParameter(kParamGain1, 0.2f);
+    Idle();
+    host.calls.clear();
+    driver.WhileModal([this] {
+        PopupListWnd* menu = PopupListWnd::Active();
+        ASSERT_NE(menu, nullptr);
+        driver.Click(menu, menu->ItemRect(2).CenterPoint());
+    });
+    driver.WhileModal([this] {
+        PopupListWnd* menu = PopupListWnd::Active();
+        ASSERT_NE(menu, nullptr) << "still open after a click on the current program";
+        driver.Click(menu, menu->ItemRect(3).CenterPoint());
+    });
+    Click(kCopyButtonLayout.rect);
+    EXPECT_EQ(host.Count(kUpdateDisplay), 1u) << "one copy";
+    EXPECT_FLOAT_EQ(effect.getParameter(kParamGain1), 0.9f);
+}
+
+TEST_F(PanelInteraction, TheSaveDialogListsTheProgramsAndOffersTheCurrentName) {
+    effect.setProgram(2);
+    char name[] = "\x83\x65\x83\x58\x83\x67"; // a Japanese name in Shift-JIS
+    effect.setProgramName(name);
+    effect.setProgram(1);
+    WithSaveDialog([](CPresetSaveDlg& dialog) {
+        auto* list = dynamic_cast<CComboBox*>(dialog.GetDlgItem(CPresetSaveDlg::kProgramListId));
+        ASSERT_NE(list, nullptr);
+        EXPECT_EQ(list->GetCount(), 64);
+        CString entry;
+        list->GetLBText(0, entry);
+        EXPECT_EQ(entry, "1:Empty");
+        list->GetLBText(2, entry);
+        EXPECT_EQ(entry, "3:\xE3\x83\x86\xE3\x82\xB9\xE3\x83\x88") << "shown in UTF-8";
+        list->GetLBText(63, entry);
+        EXPECT_EQ(entry, "64:Empty");
+        EXPECT_EQ(list->GetCurSel(), 1);
+        CString offered;
+        dialog.GetDlgItemText(CPresetSaveDlg::kNameFieldId, offered);
+        EXPECT_EQ(offered, "Empty") << "the current program's name";
+        dialog.SendMessage(WM_COMMAND, IDCANCEL, 0);
+    });
+}
+
+TEST_F(PanelInteraction, OkSavesTheCurrentSettingsUnderTheChosenSlotAndName) {
+    effect.setParameter(kParamGain2, 0.25f);
+    WithSaveDialog([this](CPresetSaveDlg&) {
+        for (int step = 0; step < 5; ++step)
+            driver.Key(kKeyDown, 0);
+        driver.Key(kKeyTab, kCharTab);
+        driver.Type("Bright Vocal");
+        driver.Key(kKeyReturn, kCharReturn);
+    });
+    EXPECT_STREQ(effect.GetProgramNameBytes(5), "Bright Vocal");
+    effect.setProgram(5);
+    EXPECT_FLOAT_EQ(effect.getParameter(kParamGain2), 0.25f);
+    EXPECT_NE(BankFile().find("Bright Vocal"), std::string::npos) << "written to the bank file";
+}
+
+TEST_F(PanelInteraction, ChoosingAnotherProgramReplacesTheTypedName) {
+    effect.setProgram(4);
+    char name[] = "Kick";
+    effect.setProgramName(name);
+    effect.setProgram(0);
+    WithSaveDialog([this](CPresetSaveDlg& dialog) {
+        dialog.SetDlgItemText(CPresetSaveDlg::kNameFieldId, "typed");
+        for (int step = 0; step < 4; ++step)
+            driver.Key(kKeyDown, 0);
+        CString offered;
+        dialog.GetDlgItemText(CPresetSaveDlg::kNameFieldId, offered);
+        EXPECT_EQ(offered, "Kick");
+        driver.Key(kKeyEscape, kCharEscape);
+    });
+}
+
+TEST_F(PanelInteraction, LongNamesAreCutWithoutSplittingATwoByteCharacter) {
+    struct Case {
+        const char* what;
+        const char* typed;  // UTF-8
+        std::string stored; // Shift-JIS
+    };
+    const Case cases[] = {
+        {"thirty single bytes", "abcdefghijklmnopqrstuvwxyz1234", "abcdefghijklmnopqrstuvw"},
+        {"a two-byte character across the cut", "abcdefghijklmnopqrstuv\xE3\x83\x86",
+         "abcdefghijklmnopqrstuv"},
+        {"a two-byte character ending at the cut", "abcdefghijklmnopqrstu\xE3\x83\x86",
+         "abcdefghijklmnopqrstu\x83\x65"},
+    };
+    for (const Case& c : cases) {
+        WithSaveDialog([&c](CPresetSaveDlg& dialog) {
+            dialog.SetDlgItemText(CPresetSaveDlg::kNameFieldId, c.typed);
+            dialog.OnOK();
+        });
+        EXPECT_EQ(std::string(effect.GetProgramNameBytes(0)), c.stored) << c.what;
+    }
+}
+
+TEST_F(PanelInteraction, CancelSavesNothing) {
+    const std::string nameBefore = effect.GetProgramNameBytes(0);
+    WithSaveDialog([this](CPresetSaveDlg&) {
+        driver.Type("Nothing");
+        driver.Key(kKeyEscape, kCharEscape);
+    });
+    EXPECT_EQ(effect.GetProgramNameBytes(0), nameBefore);
+    EXPECT_TRUE(BankFile().empty()) << "no bank file written";
+}
+
+TEST_F(PanelInteraction, TheLampLightsAfterAnEditAndAClickOnItReverts) {
+    effect.open();
+    Idle();
+    ASSERT_FALSE(effect.IsProgramChanged());
+    Click(kTypeSwitchLayout[4].rect);
+    EXPECT_TRUE(effect.IsProgramChanged());
+    Click(kProgramLampRect);
+    EXPECT_FALSE(effect.IsProgramChanged());
+    EXPECT_TRUE(Panel().TypeSwitch(5).GetValue()) << "the band went back to its stored type";
+    EXPECT_FALSE(Panel().TypeSwitch(4).GetValue());
+}
+
+TEST_F(PanelInteraction, MetersFallAQuarterDbPerTickAndStopRedrawingAtTheFloor) {
+    std::vector<float> loud(256, 3.0f), out(256);
+    float* inputs[] = {loud.data(), loud.data()};
+    float* outputs[] = {out.data(), out.data()};
+    effect.processReplacing(inputs, outputs, 256);
+    Panel().idle();
+    ASSERT_FLOAT_EQ(Panel().MeterLevel(0), 6.0f);
+    Panel().idle();
+    EXPECT_FLOAT_EQ(Panel().MeterLevel(0), 5.75f);
+    for (int tick = 0; tick < 175; ++tick)
+        Panel().idle();
+    for (int meter = 0; meter < kMeterCount; ++meter)
+        EXPECT_FLOAT_EQ(Panel().MeterLevel(meter), -38.0f) << meter;
+
+    // Paint over a meter: an idle at the floor leaves the paint, new peaks repaint it.
+    const CRect meter(kMeterLefts[0], kMeterTop, kMeterLefts[0] + 6, kMeterTop + 133);
+    {
+        CClientDC dc(&Panel());
+        dc.FillSolidRect(meter, 0x0000FF);
+    }
+    Panel().idle();
+    EXPECT_EQ(Pixel(meter.left + 2, meter.top + 60), 0xFF0000u) << "not redrawn";
+    effect.processReplacing(inputs, outputs, 256);
+    Panel().idle();
+    EXPECT_NE(Pixel(meter.left + 2, meter.top + 60), 0xFF0000u);
+}
+
+TEST(ProgramName, IsCutToTwentyThreeBytesWithoutHalfACharacter) {
+    struct Case {
+        std::string name;
+        std::string stored;
+    };
+    const std::string twentyTwo(22, 'a');
+    const Case cases[] = {
+        {"short", "short"},
+        {std::string(23, 'b'), std::string(23, 'b')},
+        {std::string(30, 'c'), std::string(23, 'c')},
+        {twentyTwo + "\x83\x65", twentyTwo},
+        {twentyTwo + "\xB1", twentyTwo}, // a one-byte kana counts as a lead byte here
+        {twentyTwo.substr(1) + "\x83\x65", twentyTwo.substr(1) + "\x83\x65"},
+        {"", ""},
+    };
+    for (const Case& c : cases)
+        EXPECT_EQ(std::string(CutProgramName(c.name.c_str()).GetString()), c.stored) << c.name;
+}
+
+} // namespace

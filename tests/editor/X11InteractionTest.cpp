@@ -1,0 +1,176 @@
+// The editor in a real X window, worked with the mouse and keyboard through xdotool: copy
+// a program from the menu, drag a knob, type a value, save through the dialog; then the
+// bank file that the save wrote shows all of it.
+#include "AZephyraProgram.h"
+#include "TempFolder.h"
+#include "ZephyraParameters.h"
+
+#include <gtest/gtest.h>
+
+#include <X11/Xlib.h>
+
+#include <chrono>
+#include <cstdlib>
+#include <cstring>
+#include <fcntl.h>
+#include <sys/wait.h>
+#include <thread>
+#include <unistd.h>
+
+namespace {
+
+using Clock = std::chrono::steady_clock;
+
+constexpr int kBankHeaderBytes = 160;
+constexpr int kCopiedProgram = 2; // the second choosable entry: program 0 is the current one
+constexpr int kSavedSlot = 5;
+
+bool RunCommand(const std::string& command) {
+    return std::system(command.c_str()) == 0;
+}
+
+std::string Output(const std::string& command) {
+    std::string text;
+    if (FILE* pipe = popen(command.c_str(), "r")) {
+        char buffer[256];
+        while (std::fgets(buffer, sizeof buffer, pipe))
+            text += buffer;
+        pclose(pipe);
+    }
+    return text;
+}
+
+// The command-line host showing the module's editor until its window is closed.
+class EditorProcess {
+public:
+    explicit EditorProcess(const std::string& log) {
+        m_pid = fork();
+        if (m_pid == 0) {
+            const int out = open(log.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0644);
+            dup2(out, STDOUT_FILENO);
+            dup2(out, STDERR_FILENO);
+            execl(ZEPHYRA_CLI, ZEPHYRA_CLI, "--plugin", ZEPHYRA_MODULE, "editor", "--seconds", "60",
+                  static_cast<char*>(nullptr));
+            _exit(127);
+        }
+    }
+    ~EditorProcess() {
+        if (m_pid > 0 && !m_finished) {
+            kill(m_pid, SIGKILL);
+            waitpid(m_pid, nullptr, 0);
+        }
+    }
+
+    // Waits for the process to end; its exit code, or -1 when it did not end in time.
+    int WaitForExit(std::chrono::seconds limit) {
+        const auto end = Clock::now() + limit;
+        int status = 0;
+        while (Clock::now() < end) {
+            if (waitpid(m_pid, &status, WNOHANG) == m_pid) {
+                m_finished = true;
+                return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+            }
+            std::this_thread::sleep_for(std::chrono::milliseconds(50));
+        }
+        return -1;
+    }
+
+private:
+    pid_t m_pid = -1;
+    bool m_finished = false;
+};
+
+// The command-line host's window, found by its title.
+std::string FindEditorWindow() {
+    const auto end = Clock::now() + std::chrono::seconds(10);
+    while (Clock::now() < end) {
+        std::string id = Output("xdotool search --name '^Zephyra$' 2>/dev/null | head -n 1");
+        if (!id.empty())
+            return id.substr(0, id.find('\n'));
+        std::this_thread::sleep_for(std::chrono::milliseconds(100));
+    }
+    return "";
+}
+
+// The window manager's close button, as the host's window receives it.
+void CloseWindow(unsigned long window) {
+    Display* display = XOpenDisplay(nullptr);
+    XEvent event{};
+    event.xclient.type = ClientMessage;
+    event.xclient.window = window;
+    event.xclient.message_type = XInternAtom(display, "WM_PROTOCOLS", False);
+    event.xclient.format = 32;
+    event.xclient.data.l[0] = static_cast<long>(XInternAtom(display, "WM_DELETE_WINDOW", False));
+    XSendEvent(display, window, False, NoEventMask, &event);
+    XCloseDisplay(display);
+}
+
+ZephyraProgramRecord RecordIn(const std::string& bank, int program) {
+    ZephyraProgramRecord record{};
+    const std::size_t offset = kBankHeaderBytes + sizeof(record) * program;
+    if (bank.size() >= offset + sizeof(record))
+        std::memcpy(&record, bank.data() + offset, sizeof(record));
+    return record;
+}
+
+std::string ModuleFolder() {
+    const std::string module = ZEPHYRA_MODULE;
+    return module.substr(0, module.rfind('/') + 1);
+}
+
+TEST(EditorOnX11, MouseAndKeyboardCopyEditAndSaveAProgram) {
+    if (std::getenv("DISPLAY") == nullptr)
+        GTEST_SKIP() << "no X display; run under xvfb-run";
+    if (!RunCommand("command -v xdotool > /dev/null"))
+        GTEST_SKIP() << "xdotool is not installed";
+    TempFolder scratch;
+    ScopedEnv preferences("XDG_CONFIG_HOME", scratch.Path());
+    EditorProcess editor(scratch / "editor.log");
+    const std::string window = FindEditorWindow();
+    ASSERT_FALSE(window.empty()) << ReadWholeFile(scratch / "editor.log");
+    std::this_thread::sleep_for(std::chrono::milliseconds(500));
+
+    // One xdotool run per step ("type" takes the rest of its command line as text), each
+    // followed by time for the editor to take it in.
+    const auto step = [](const std::string& arguments) {
+        const bool done = RunCommand("xdotool " + arguments);
+        std::this_thread::sleep_for(std::chrono::milliseconds(800));
+        return done;
+    };
+    const std::string at = "mousemove --window " + window + " ";
+    // Copy: the button opens the menu; from its top, the keys pass the current program.
+    ASSERT_TRUE(step(at + "73 19 click 1"));
+    ASSERT_TRUE(step("key Home Down Return"));
+    // Band 2's gain knob: pressed at its left, turned over the top to its right.
+    ASSERT_TRUE(step(at + "172 155 mousedown 1 sleep 0.1 " + at + "189 138 sleep 0.1 " + at +
+                     "205 155 sleep 0.1 mouseup 1"));
+    // Band 1's Q typed over its read-out.
+    ASSERT_TRUE(step(at + "331 99 click 1"));
+    ASSERT_TRUE(step("type 2.5"));
+    ASSERT_TRUE(step("key Return"));
+    // Save into the sixth slot under a new name.
+    ASSERT_TRUE(step(at + "286 19 click 1 search --sync --name '^Save Program$'"));
+    ASSERT_TRUE(step("key Down Down Down Down Down Tab"));
+    ASSERT_TRUE(step("type 'X11 Saved'"));
+    ASSERT_TRUE(step("key Return"));
+    CloseWindow(std::stoul(window));
+    ASSERT_EQ(editor.WaitForExit(std::chrono::seconds(10)), 0)
+        << ReadWholeFile(scratch / "editor.log");
+
+    const std::string saved = ReadWholeFile(scratch / "ZephyraDef.fxb");
+    ASSERT_FALSE(saved.empty()) << "the save wrote the user's bank file";
+    const ZephyraProgramRecord record = RecordIn(saved, kSavedSlot);
+    EXPECT_STREQ(record.name, "X11 Saved");
+    const ZephyraProgramRecord copied =
+        RecordIn(ReadWholeFile(ModuleFolder() + "ZephyraDef.fxb"), kCopiedProgram);
+    for (int index = 0; index < kNumParams; ++index) {
+        if (index == kParamGain2)
+            EXPECT_NEAR(record.param[index], 0.8f, 0.05f) << "dragged round to the right";
+        else if (index == kParamQ1)
+            EXPECT_FLOAT_EQ(record.param[index], ValToNormalizeValue(kParamQ1, 2.505f));
+        else
+            EXPECT_FLOAT_EQ(record.param[index], copied.param[index]) << "copied: " << index;
+    }
+}
+
+} // namespace
