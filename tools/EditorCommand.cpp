@@ -32,6 +32,34 @@ bool editorSize(const PluginInstance& plugin, int& width, int& height) {
     return true;
 }
 
+// An editor open inside the host's window. It is closed before the window goes, on every
+// path out, since the plug-in's own window is a child of it.
+class EditorSession {
+public:
+    EditorSession(PluginInstance& plugin, EditorWindow& window) : plugin(plugin) {
+        plugin.host().resizeWindow = [&window](int width, int height) {
+            window.resize(width, height);
+            return true;
+        };
+        int width = 0;
+        int height = 0;
+        if (plugin.dispatch(effEditOpen, 0, 0, reinterpret_cast<void*>(window.id())) == 0 &&
+            !editorSize(plugin, width, height)) {
+            plugin.host().resizeWindow = nullptr;
+            throw ToolError("the plug-in did not open its editor");
+        }
+    }
+    ~EditorSession() {
+        plugin.dispatch(effEditClose);
+        plugin.host().resizeWindow = nullptr;
+    }
+    EditorSession(const EditorSession&) = delete;
+    EditorSession& operator=(const EditorSession&) = delete;
+
+private:
+    PluginInstance& plugin;
+};
+
 int runEditor(const CommandLine& commandLine, const ToolContext& context) {
     if (!commandLine.positionals().empty()) {
         throw UsageError("editor takes no arguments");
@@ -59,15 +87,7 @@ int runEditor(const CommandLine& commandLine, const ToolContext& context) {
     int height = kFallbackHeight;
     editorSize(plugin, width, height);
     EditorWindow window(width, height, name);
-    plugin.host().resizeWindow = [&window](int newWidth, int newHeight) {
-        window.resize(newWidth, newHeight);
-        return true;
-    };
-    if (plugin.dispatch(effEditOpen, 0, 0, reinterpret_cast<void*>(window.id())) == 0 &&
-        !editorSize(plugin, width, height)) {
-        plugin.host().resizeWindow = nullptr;
-        throw ToolError(name + " did not open its editor");
-    }
+    EditorSession session(plugin, window);
     if (editorSize(plugin, width, height)) {
         window.resize(width, height);
     }
@@ -82,14 +102,8 @@ int runEditor(const CommandLine& commandLine, const ToolContext& context) {
     }
     plugin.dispatch(effEditIdle);
 
-    CairoSurface picture;
     if (screenshot) {
-        picture = window.capture();
-    }
-    plugin.dispatch(effEditClose);
-    plugin.host().resizeWindow = nullptr;
-    if (screenshot) {
-        writePng(picture.get(), *screenshot);
+        writePng(window.capture().get(), *screenshot);
         screenshot->commit();
         std::fprintf(results(), "wrote %s\n", screenshot->path().c_str());
     }

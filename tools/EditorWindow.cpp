@@ -91,9 +91,11 @@ bool EditorWindow::handleEvents() {
 CairoSurface EditorWindow::capture() {
     XSync(display, False);
     XWindowAttributes attributes;
-    XGetWindowAttributes(display, window, &attributes);
-    XImage* image =
-        XGetImage(display, window, 0, 0, attributes.width, attributes.height, AllPlanes, ZPixmap);
+    XImage* image = nullptr;
+    if (XGetWindowAttributes(display, window, &attributes) != 0) {
+        image = XGetImage(display, window, 0, 0, attributes.width, attributes.height, AllPlanes,
+                          ZPixmap);
+    }
     if (image == nullptr) {
         throw ToolError("cannot read the editor window's pixels");
     }
