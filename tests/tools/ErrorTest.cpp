@@ -4,6 +4,7 @@
 #include "ToolRunner.h"
 
 #include <cmath>
+#include <csignal>
 #include <cstdint>
 #include <filesystem>
 #include <functional>
@@ -139,6 +140,11 @@ const ErrorCase kCases[] = {
          return withFixture({"render", f.file("stereo.wav"), f.file("out.xyz")});
      },
      "cannot tell an audio format", 1},
+    {"DoublePrecisionThePluginLacks",
+     [](const ScratchFolder& f) {
+         return withFixture({"render", f.file("stereo.wav"), f.file("out.wav"), "--double"});
+     },
+     "no 64-bit process call", 1},
     {"PlotToMissingFolder",
      [](const ScratchFolder& f) {
          return withFixture({"plot", f.file("missing/out.png")});
@@ -204,6 +210,19 @@ INSTANTIATE_TEST_SUITE_P(Tool, CommandErrors, testing::ValuesIn(kCases),
                          [](const testing::TestParamInfo<ErrorCase>& info) {
                              return std::string(info.param.name);
                          });
+
+TEST(CommandInterrupted, LeavesNeitherATemporaryFileNorADamagedOutput) {
+    ErrorScene scene;
+    const std::vector<std::string> before = scene.folder.entries();
+    // Ten minutes of tail in small blocks: still running when Ctrl-C arrives.
+    const ToolRun run =
+        runZephyraInterrupted(withFixture({"render", "--demo", scene.folder.file("out.wav"),
+                                           "--tail", "600", "--block", "16"}),
+                              500);
+    EXPECT_EQ(run.exitCode, 128 + SIGINT);
+    EXPECT_EQ(scene.folder.entries(), before);
+    EXPECT_EQ(readText(scene.folder.file("out.wav")), kPrecious);
+}
 
 TEST(CommandSuccess, ReplacesAnExistingOutputOnlyWhenDone) {
     ErrorScene scene;

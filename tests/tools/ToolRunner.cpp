@@ -1,6 +1,7 @@
 #include "ToolRunner.h"
 
 #include <algorithm>
+#include <csignal>
 #include <cstdlib>
 #include <fcntl.h>
 #include <fstream>
@@ -24,7 +25,9 @@ std::string temporaryFileName(const char* tag) {
 
 } // namespace
 
-ToolRun runZephyra(const std::vector<std::string>& arguments) {
+namespace {
+
+ToolRun runAndMaybeInterrupt(const std::vector<std::string>& arguments, int interruptAfterMs) {
     const std::string outPath = temporaryFileName("out");
     const std::string errPath = temporaryFileName("err");
     std::vector<char*> argv;
@@ -43,6 +46,10 @@ ToolRun runZephyra(const std::vector<std::string>& arguments) {
         execv(argv[0], argv.data());
         _exit(127);
     }
+    if (interruptAfterMs >= 0) {
+        usleep(static_cast<useconds_t>(interruptAfterMs) * 1000);
+        kill(child, SIGINT);
+    }
     int status = 0;
     waitpid(child, &status, 0);
     ToolRun run{WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status), readText(outPath),
@@ -50,6 +57,16 @@ ToolRun runZephyra(const std::vector<std::string>& arguments) {
     std::remove(outPath.c_str());
     std::remove(errPath.c_str());
     return run;
+}
+
+} // namespace
+
+ToolRun runZephyra(const std::vector<std::string>& arguments) {
+    return runAndMaybeInterrupt(arguments, -1);
+}
+
+ToolRun runZephyraInterrupted(const std::vector<std::string>& arguments, int milliseconds) {
+    return runAndMaybeInterrupt(arguments, milliseconds);
 }
 
 std::vector<std::string> linesOf(const std::string& text) {

@@ -12,6 +12,8 @@ struct ToolRun {
 };
 
 ToolRun runZephyra(const std::vector<std::string>& arguments);
+// The same, with Ctrl-C (SIGINT) sent after the given time.
+ToolRun runZephyraInterrupted(const std::vector<std::string>& arguments, int milliseconds);
 
 // The lines of a text, without their newlines.
 std::vector<std::string> linesOf(const std::string& text);
