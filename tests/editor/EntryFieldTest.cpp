@@ -150,17 +150,6 @@ TEST_F(EntryField, RefusedCharactersLeaveTheValueInTheDisplayFormat) {
     }
 }
 
-TEST_F(EntryField, TheArrowKeysMoveTheCaret) {
-    Start(0, false, 6);
-    driver.Type("13");
-    driver.Key(kKeyLeft, kCharLeft);
-    driver.Type("2");
-    EXPECT_EQ(Text(), "123");
-    driver.Key(kKeyRight, kCharRight);
-    driver.Type("4");
-    EXPECT_EQ(Text(), "1234");
-}
-
 TEST_F(EntryField, LeavingTheFieldLimitsAndRewritesItsValue) {
     Start(0, false, 6);
     Field().SetInputMinMax(0.0, 100.0);

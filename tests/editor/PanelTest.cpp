@@ -323,35 +323,4 @@ TEST_F(EditorPanel, DeletingTheEffectWithTheEditorOpenClosesIt) {
     EXPECT_EQ(ThreadCount(), threads);
 }
 
-TEST_F(EditorPanel, EveryControlFitsTheFramesOfItsBitmaps) {
-    struct Fit {
-        const char* what;
-        int resource;
-        RECT rect;
-        int frames;
-    };
-    const Fit fits[] = {
-        {"knob", kBitmapKnobStrip, kKnobLayout[0].control, 61},
-        {"on/off", kBitmapOnOffOn, kOnOffSwitchLayout.rect, 2},
-        {"on/off unlit", kBitmapOnOffOff, kOnOffSwitchLayout.rect, 2},
-        {"type", kBitmapTypeOn, kTypeSwitchLayout[0].rect, 2},
-        {"type unlit", kBitmapTypeOff, kTypeSwitchLayout[0].rect, 2},
-        {"slider", kBitmapSliderBackground, kSliderLayout[0].control, 1},
-        {"copy", kBitmapCopyOn, kCopyButtonLayout.rect, 2},
-        {"copy unlit", kBitmapCopyOff, kCopyButtonLayout.rect, 2},
-        {"save", kBitmapSave, kSaveButtonRect, 1},
-        {"lamp", kBitmapProgramLamp, kProgramLampRect, 2},
-    };
-    for (const Fit& fit : fits) {
-        const CQMTBitmap& bitmap = Load(fit.resource);
-        const CRect rect(fit.rect);
-        EXPECT_EQ(bitmap.Width(), rect.Width()) << fit.what;
-        EXPECT_EQ(bitmap.Height(), rect.Height() * fit.frames) << fit.what;
-    }
-    const CQMTBitmap& meter = Load(kBitmapMeter);
-    EXPECT_EQ(meter.Height(), 133);
-    EXPECT_LE(meter.Width() / 2, kMeterLefts[1] - kMeterLefts[0]) << "meters side by side";
-    EXPECT_LE(kMeterLefts[3] + meter.Width() / 2, Load(kBitmapBackground).Width());
-}
-
 } // namespace
