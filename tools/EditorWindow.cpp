@@ -78,12 +78,11 @@ bool EditorWindow::handleEvents() {
     while (XPending(display) > 0) {
         XEvent event;
         XNextEvent(display, &event);
-        if (event.type == ClientMessage &&
-            static_cast<Atom>(event.xclient.data.l[0]) == deleteMessage) {
-            open = false;
-        } else if (event.type == DestroyNotify && event.xdestroywindow.window == window) {
-            open = false;
-        }
+        // Closed by the user through the window manager, or destroyed by someone else.
+        const bool closeRequest = event.type == ClientMessage &&
+                                  static_cast<Atom>(event.xclient.data.l[0]) == deleteMessage;
+        const bool destroyed = event.type == DestroyNotify && event.xdestroywindow.window == window;
+        open = open && !closeRequest && !destroyed;
     }
     return open;
 }

@@ -8,6 +8,7 @@
 #include "StreamRenderer.h"
 #include "ToolError.h"
 
+#include <cmath>
 #include <memory>
 #include <optional>
 
@@ -70,7 +71,7 @@ int runRender(const CommandLine& commandLine, const ToolContext& context) {
 
     TailPolicy tail;
     if (tailSeconds) {
-        tail.fixedFrames = static_cast<int64_t>(*tailSeconds * rate + 0.5);
+        tail.fixedFrames = std::llround(*tailSeconds * rate);
     }
     int64_t frames = 0;
     {

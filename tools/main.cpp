@@ -42,20 +42,20 @@ void printUsage(std::FILE* out) {
 // Takes `--plugin PATH` out of the arguments wherever it stands.
 std::string extractPluginOption(std::vector<std::string>& arguments) {
     std::string plugin;
-    for (std::size_t i = 0; i < arguments.size();) {
+    std::vector<std::string> rest;
+    for (std::size_t i = 0; i < arguments.size(); ++i) {
         if (arguments[i] == "--plugin") {
             if (i + 1 == arguments.size()) {
                 throw UsageError("option --plugin needs a value (PATH)");
             }
-            plugin = arguments[i + 1];
-            arguments.erase(arguments.begin() + i, arguments.begin() + i + 2);
+            plugin = arguments[++i];
         } else if (arguments[i].rfind("--plugin=", 0) == 0) {
             plugin = arguments[i].substr(9);
-            arguments.erase(arguments.begin() + i);
         } else {
-            ++i;
+            rest.push_back(arguments[i]);
         }
     }
+    arguments = rest;
     return plugin;
 }
 

@@ -18,7 +18,8 @@ std::size_t distinctColours(cairo_surface_t* picture) {
     const int stride = cairo_image_surface_get_stride(picture);
     std::set<uint32_t> colours;
     for (int y = 0; y < cairo_image_surface_get_height(picture); ++y) {
-        const auto* row = reinterpret_cast<const uint32_t*>(data + y * stride);
+        const auto* row =
+            reinterpret_cast<const uint32_t*>(data + static_cast<std::ptrdiff_t>(y) * stride);
         for (int x = 0; x < cairo_image_surface_get_width(picture); ++x) {
             colours.insert(row[x] & 0xFFFFFF);
         }

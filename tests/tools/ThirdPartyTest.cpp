@@ -32,8 +32,8 @@ protected:
 TestAudio sine(int channels, double frequency, int sampleRate, int64_t frames) {
     TestAudio audio{channels, sampleRate, std::vector<float>(channels * frames)};
     for (int64_t frame = 0; frame < frames; ++frame) {
-        const float value =
-            static_cast<float>(0.1 * std::sin(2.0 * M_PI * frequency * frame / sampleRate));
+        const float value = static_cast<float>(
+            0.1 * std::sin(2.0 * M_PI * frequency * static_cast<double>(frame) / sampleRate));
         for (int channel = 0; channel < channels; ++channel) {
             audio.samples[frame * channels + channel] = value;
         }

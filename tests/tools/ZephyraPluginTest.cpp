@@ -264,13 +264,15 @@ TEST(OurPlugin, ChunkBankBringsItsProgramsAndSelection) {
     ScratchFolder folder;
     // 64 records of 11 normalised values and a 28-byte name; the selected program rides in
     // bytes 68..71, at the end of the first record's name.
-    std::string chunk(64 * 72, '\0');
-    for (int program = 0; program < 64; ++program) {
-        float values[11] = {1.0f, 0.49975f, 1.0f, 0.5f, program / 63.0f, 0.5f, 0.5f,
-                            0.0f, 0.5f,     0.5f, 0.5f};
-        std::memcpy(&chunk[program * 72], values, sizeof values);
+    constexpr std::size_t kRecord = 72;
+    std::string chunk(64 * kRecord, '\0');
+    for (std::size_t program = 0; program < 64; ++program) {
+        float values[11] = {1.0f, 0.49975f, 1.0f, 0.5f, static_cast<float>(program) / 63.0f,
+                            0.5f, 0.5f,     0.0f, 0.5f, 0.5f,
+                            0.5f};
+        std::memcpy(&chunk[program * kRecord], values, sizeof values);
         const std::string name = "Test " + std::to_string(program);
-        std::memcpy(&chunk[program * 72 + 44], name.c_str(), name.size() + 1);
+        std::memcpy(&chunk[program * kRecord + 44], name.c_str(), name.size() + 1);
     }
     const int32_t selected = 42;
     std::memcpy(&chunk[68], &selected, sizeof selected);
