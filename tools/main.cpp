@@ -33,7 +33,9 @@ void printUsage(std::FILE* out) {
                       "The plug-in is PATH, else Zephyra.so beside this program, else "
                       "~/.vst/Zephyra.so.\n\n");
     for (const Command& command : allCommands()) {
-        std::fprintf(out, "  %s %s\n      %s\n", command.name, command.arguments, command.summary);
+        const std::string synopsis =
+            std::string(command.name) + (*command.arguments ? " " : "") + command.arguments;
+        std::fprintf(out, "  %s\n      %s\n", synopsis.c_str(), command.summary);
         printOptions(out, command.options);
         std::fputc('\n', out);
     }
