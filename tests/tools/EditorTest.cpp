@@ -9,7 +9,7 @@
 
 namespace {
 
-const std::string kZamEq2 = "/usr/lib/vst/ZamEQ2-vst.so";
+const std::string kThirdPartyEqualiser = "/usr/lib/vst/ZamEQ2-vst.so";
 
 // How many different colours a picture holds: a blank or unpainted window has one or two.
 std::size_t distinctColours(cairo_surface_t* picture) {
@@ -31,15 +31,15 @@ TEST(Editor, ThirdPartyEditorDrawsIntoOurWindow) {
     if (std::getenv("DISPLAY") == nullptr) {
         GTEST_SKIP() << "no X display; run under xvfb-run";
     }
-    if (access(kZamEq2.c_str(), R_OK) != 0) {
-        GTEST_SKIP() << kZamEq2 << " is not installed (Debian package zam-plugins)";
+    if (access(kThirdPartyEqualiser.c_str(), R_OK) != 0) {
+        GTEST_SKIP() << kThirdPartyEqualiser << " is not installed (Debian package zam-plugins)";
     }
     // In sanitizer builds: the editor's OpenGL stack keeps allocations for the life of the
     // process in libraries it has unloaded by the time the leak checker looks, so the checker
     // cannot tell whose they are. Harmless elsewhere.
     setenv("ASAN_OPTIONS", "detect_leaks=0", 1);
     ScratchFolder folder;
-    const ToolRun run = runZephyra({"--plugin", kZamEq2, "editor", "--seconds", "1.5",
+    const ToolRun run = runZephyra({"--plugin", kThirdPartyEqualiser, "editor", "--seconds", "1.5",
                                     "--screenshot", folder.file("editor.png")});
     ASSERT_EQ(run.exitCode, 0) << run.err;
     EXPECT_NE(run.out.find("wrote " + folder.file("editor.png")), std::string::npos);

@@ -11,18 +11,19 @@
 
 namespace {
 
-const std::string kZamEq2 = "/usr/lib/vst/ZamEQ2-vst.so";
+const std::string kThirdPartyEqualiser = "/usr/lib/vst/ZamEQ2-vst.so";
 
 class ThirdPartyPlugin : public testing::Test {
 protected:
     void SetUp() override {
-        if (access(kZamEq2.c_str(), R_OK) != 0) {
-            GTEST_SKIP() << kZamEq2 << " is not installed (Debian package zam-plugins)";
+        if (access(kThirdPartyEqualiser.c_str(), R_OK) != 0) {
+            GTEST_SKIP() << kThirdPartyEqualiser
+                         << " is not installed (Debian package zam-plugins)";
         }
     }
 
-    static ToolRun zam(std::vector<std::string> arguments) {
-        arguments.insert(arguments.begin(), {"--plugin", kZamEq2});
+    static ToolRun onPlugin(std::vector<std::string> arguments) {
+        arguments.insert(arguments.begin(), {"--plugin", kThirdPartyEqualiser});
         return runZephyra(arguments);
     }
 
@@ -42,7 +43,7 @@ TestAudio sine(int channels, double frequency, int sampleRate, int64_t frames) {
 }
 
 TEST_F(ThirdPartyPlugin, InfoListsEveryParameter) {
-    const ToolRun run = zam({"info", "--json"});
+    const ToolRun run = onPlugin({"info", "--json"});
     ASSERT_EQ(run.exitCode, 0) << run.err;
     EXPECT_EQ(jsonField(run.out, "inputs"), "1");
     EXPECT_EQ(jsonField(run.out, "outputs"), "1");
@@ -52,7 +53,7 @@ TEST_F(ThirdPartyPlugin, InfoListsEveryParameter) {
     EXPECT_NE(parameterPosition(run.out, 11), std::string::npos);
     EXPECT_EQ(parameterPosition(run.out, 12), std::string::npos);
 
-    const ToolRun table = zam({"info"});
+    const ToolRun table = onPlugin({"info"});
     ASSERT_EQ(table.exitCode, 0) << table.err;
     EXPECT_NE(table.out.find("Frequency H"), std::string::npos);
     EXPECT_NE(table.out.find("1 in, 1 out"), std::string::npos);
@@ -61,9 +62,9 @@ TEST_F(ThirdPartyPlugin, InfoListsEveryParameter) {
 TEST_F(ThirdPartyPlugin, GainOnABandRaisesItsFrequencyInEveryChannel) {
     constexpr int kRate = 48000;
     writeAudio(folder.file("tone.wav"), sine(2, 1000.0, kRate, kRate));
-    const ToolRun flat = zam({"render", folder.file("tone.wav"), folder.file("flat.wav")});
-    const ToolRun boosted = zam({"render", folder.file("tone.wav"), folder.file("boosted.wav"),
-                                 "--set", "Frequency 1=1000", "--set", "Boost/Cut 1=+6"});
+    const ToolRun flat = onPlugin({"render", folder.file("tone.wav"), folder.file("flat.wav")});
+    const ToolRun boosted = onPlugin({"render", folder.file("tone.wav"), folder.file("boosted.wav"),
+                                      "--set", "Frequency 1=1000", "--set", "Boost/Cut 1=+6"});
     ASSERT_EQ(flat.exitCode, 0) << flat.err;
     ASSERT_EQ(boosted.exitCode, 0) << boosted.err;
 
@@ -86,7 +87,7 @@ TEST_F(ThirdPartyPlugin, GainOnABandRaisesItsFrequencyInEveryChannel) {
 
 TEST_F(ThirdPartyPlugin, MonoFileStaysMono) {
     writeAudio(folder.file("mono.wav"), sine(1, 440.0, 44100, 4410));
-    const ToolRun run = zam({"render", folder.file("mono.wav"), folder.file("out.flac")});
+    const ToolRun run = onPlugin({"render", folder.file("mono.wav"), folder.file("out.flac")});
     ASSERT_EQ(run.exitCode, 0) << run.err;
     const TestAudio output = readAudio(folder.file("out.flac"));
     EXPECT_EQ(output.channels, 1);
@@ -107,7 +108,7 @@ void putFloat(std::string& bytes, float value) {
 }
 
 TEST_F(ThirdPartyPlugin, BankOfParameterListsSetsTheProgram) {
-    const ToolRun before = zam({"info", "--json"});
+    const ToolRun before = onPlugin({"info", "--json"});
     ASSERT_EQ(before.exitCode, 0) << before.err;
     std::string program = "CcnK";
     putWord(program, 56 - 8 + 12 * 4);
@@ -133,7 +134,7 @@ TEST_F(ThirdPartyPlugin, BankOfParameterListsSetsTheProgram) {
     bank += std::string(128, '\0');
     writeText(folder.file("mids.fxb"), bank + program);
 
-    const ToolRun after = zam({"info", "--json", "--bank", folder.file("mids.fxb")});
+    const ToolRun after = onPlugin({"info", "--json", "--bank", folder.file("mids.fxb")});
     ASSERT_EQ(after.exitCode, 0) << after.err;
     EXPECT_FLOAT_EQ(static_cast<float>(parameterValue(after.out, 0)), 0.8f);
     EXPECT_EQ(parameterDisplay(after.out, 0).substr(0, 3), "6.0");
@@ -141,11 +142,11 @@ TEST_F(ThirdPartyPlugin, BankOfParameterListsSetsTheProgram) {
 }
 
 TEST_F(ThirdPartyPlugin, BenchComparesAgainstAnotherPlugin) {
-    const ToolRun run =
-        zam({"bench", "--seconds", "0.05", "--repeat", "3", "--compare", FIXTURE_PASS_THROUGH});
+    const ToolRun run = onPlugin(
+        {"bench", "--seconds", "0.05", "--repeat", "3", "--compare", FIXTURE_PASS_THROUGH});
     ASSERT_EQ(run.exitCode, 0) << run.err;
     // A mono plug-in on stereo noise runs twice, the stereo one once.
-    EXPECT_NE(run.out.find("ZamEQ2 (" + kZamEq2 + "), 2 instances, one per channel"),
+    EXPECT_NE(run.out.find("(" + kThirdPartyEqualiser + "), 2 instances, one per channel"),
               std::string::npos)
         << run.out;
     EXPECT_NE(run.out.find("Fixture (" FIXTURE_PASS_THROUGH "), 1 instance"), std::string::npos)
