@@ -28,7 +28,6 @@ public:
     void FixInputText();
     const CString& GetReportedText() const { return m_reportedText; }
     const char* GetFormat() const { return m_format; }
-    double GetScale() const { return m_scale; }
 
     // Every key but Tab goes to the field's own key and character handlers.
     bool PreTranslateMessage(MSG* msg) override;
