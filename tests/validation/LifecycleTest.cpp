@@ -3,25 +3,15 @@
 // leak: not memory (LeakSanitizer in the address-sanitizer build, the allocator's own
 // figures elsewhere), not file descriptors, not threads.
 #include "PluginChecks.h"
+#include "ProcessResources.h"
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <dirent.h>
-#include <malloc.h>
 #include <string>
 #include <vector>
 
 namespace {
-
-#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
-constexpr bool kSanitizedBuild = true;
-#elif defined(__has_feature)
-constexpr bool kSanitizedBuild =
-    __has_feature(address_sanitizer) || __has_feature(thread_sanitizer);
-#else
-constexpr bool kSanitizedBuild = false;
-#endif
 
 struct Step {
     const char* name;
@@ -65,17 +55,6 @@ std::string runSession(const std::vector<int>& order, Noise& noise) {
         problem = EffectProblem(plugin, noise, kFrames, step % 2 == 0);
     }
     return problem.empty() ? problem : problem + " after " + describe(order);
-}
-
-size_t entriesIn(const char* folder) {
-    size_t count = 0;
-    if (DIR* directory = opendir(folder)) {
-        while (readdir(directory)) {
-            ++count;
-        }
-        closedir(directory);
-    }
-    return count;
 }
 
 // A default bank file for open to read, written by the effect itself.
@@ -123,13 +102,6 @@ TEST_F(Lifecycle, RepeatedAndMissingRequests) {
     }
 }
 
-// Memory still in use, from the allocator itself; meaningless under a sanitizer, whose
-// leak checker covers those builds.
-size_t heapInUse() {
-    const struct mallinfo2 info = mallinfo2();
-    return info.uordblks + info.hblkhd;
-}
-
 // Anything made once, lazily, is made during the first round; only what every session
 // leaves behind makes the second round end with more than the first.
 TEST_F(Lifecycle, HundredsOfSessionsLeaveNothingBehind) {
@@ -152,14 +124,14 @@ TEST_F(Lifecycle, HundredsOfSessionsLeaveNothingBehind) {
         }
     };
     round();
-    const size_t heapBefore = heapInUse();
-    const size_t descriptorsBefore = entriesIn("/proc/self/fd");
-    const size_t threadsBefore = entriesIn("/proc/self/task");
+    const size_t heapBefore = HeapInUse();
+    const size_t descriptorsBefore = OpenFileDescriptors();
+    const size_t threadsBefore = ThreadCount();
     round();
-    EXPECT_EQ(entriesIn("/proc/self/fd"), descriptorsBefore);
-    EXPECT_EQ(entriesIn("/proc/self/task"), threadsBefore);
+    EXPECT_EQ(OpenFileDescriptors(), descriptorsBefore);
+    EXPECT_EQ(ThreadCount(), threadsBefore);
     if (!kSanitizedBuild) {
-        EXPECT_EQ(heapInUse(), heapBefore);
+        EXPECT_EQ(HeapInUse(), heapBefore);
     }
     std::printf("%d sessions\n", 2 * kSessionsPerRound);
 }
