@@ -11,6 +11,12 @@ intptr_t fromBool(bool value) {
     return value ? 1 : 0;
 }
 
+// int(opt) as the key record takes it; a value no int can hold, NaN included, counts as 0
+// rather than being undefined.
+int32_t truncatedToInt(float value) {
+    return value > -2147483648.0f && value < 2147483648.0f ? static_cast<int32_t>(value) : 0;
+}
+
 } // namespace
 
 intptr_t AudioEffectX::dispatcher(int32_t opcode, int32_t index, intptr_t value, void* ptr,
@@ -147,7 +153,7 @@ intptr_t AudioEffectX::dispatchEditorKeys(int32_t opcode, int32_t index, intptr_
     VstKeyCode key{};
     key.character = index;
     key.virt = static_cast<uint8_t>(value);
-    key.modifier = static_cast<uint8_t>(static_cast<int32_t>(opt));
+    key.modifier = static_cast<uint8_t>(truncatedToInt(opt));
     return fromBool(opcode == effEditKeyDown ? editor->onKeyDown(key) : editor->onKeyUp(key));
 }
 
