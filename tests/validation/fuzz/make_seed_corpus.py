@@ -131,6 +131,9 @@ def seeds():
     yield "dispatcher", "hostile-values", b"".join(hostile)
     every = [request(op, 1, 1, 1.0) for op in range(2, 80)] + [request(PROCESS_SINGLE, value=256)]
     yield "dispatcher", "every-opcode", b"".join(every)
+    keys = [request(59, 65, 0x25, 9.4e21), request(60, 65, -1, -3.0e38), request(59, 13, 0, math.nan),
+            request(60, 0, 1 << 40, math.inf), request(61, 0, -(1 << 40))]
+    yield "dispatcher", "editor-keys", b"".join(keys)
 
     specials = [math.nan, math.inf, -math.inf, -1.0, 2.0, 3.4e38, -0.0, 1e-45]
     steps = b""
