@@ -42,12 +42,12 @@ TEST_F(EditorThreads, AutomationWhileTheEditorOpensAndClosesNeverReachesAClosedP
         std::vector<float> left(64, 0.5f), right(64, 0.5f), outLeft(64), outRight(64);
         float* inputs[] = {left.data(), right.data()};
         float* outputs[] = {outLeft.data(), outRight.data()};
-        float value = 0.0f;
-        while (!stop) {
+        // Counted in whole steps: summed hundredths would creep past 1.
+        for (int step = 0; !stop; step = (step + 1) % 101) {
+            const float value = static_cast<float>(step) / 100.0f;
             effect.setParameter(kParamGain1, value);
             effect.setParameter(kParamType1, value);
             effect.processReplacing(inputs, outputs, 64);
-            value = value >= 1.0f ? 0.0f : value + 0.01f;
         }
     });
     for (int round = 0; round < 25; ++round) {
