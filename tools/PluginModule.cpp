@@ -1,5 +1,6 @@
 #include "PluginModule.h"
 
+#include "HeldLibraries.h"
 #include "ToolError.h"
 
 #include <cerrno>
@@ -38,6 +39,8 @@ PluginModule::PluginModule(std::string path, void* handle, EntryPoint entry)
     : modulePath(std::move(path)), handle(handle), entry(entry) {}
 
 PluginModule::~PluginModule() {
+    // What the plug-in loaded, at start or since, stays: only the plug-in goes.
+    holdLibrariesBesideModule(handle);
     dlclose(handle);
 }
 

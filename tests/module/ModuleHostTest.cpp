@@ -1,6 +1,7 @@
 // Loads the built module the way a host does (dlopen, VSTPluginMain) and from then on
 // talks to it only through the record: identity, dispatcher answers, parameter texts,
 // chunks, and audio compared bit for bit with a plain evaluation of the formulas.
+#include "HeldLibraries.h"
 #include "PlainEqualizer.h"
 #include "RecordingHost.h"
 #include "TempFolder.h"
@@ -68,6 +69,7 @@ protected:
     }
     ~ModuleHost() override {
         if (module) {
+            holdLibrariesBesideModule(module);
             dlclose(module);
         }
     }

@@ -1,6 +1,7 @@
 // The shipped module loaded and unloaded again and again, as hosts do when they scan
 // their plug-in folders or reopen a project: every load gives a working effect, and no
 // load leaves memory, a file descriptor, a thread or a mapping behind.
+#include "HeldLibraries.h"
 #include "ProcessResources.h"
 #include "TempFolder.h"
 #include "TestSignal.h"
@@ -9,7 +10,6 @@
 #include <gtest/gtest.h>
 
 #include <dlfcn.h>
-#include <link.h>
 
 #include <fstream>
 #include <string>
@@ -41,21 +41,11 @@ size_t mappingsOfTheModule() {
     return count;
 }
 
-// A host's own windows already use the libraries the editor draws with (X11, Cairo,
-// Pango, fontconfig), so they stay loaded while plug-ins come and go, to the end of the
-// process. Holding them here as well keeps each load from starting those libraries
-// afresh, which they never undo: what a load leaves behind is then the module's own.
-int holdLibrary(dl_phdr_info* info, size_t, void*) {
-    const std::string name = info->dlpi_name ? info->dlpi_name : "";
-    if (!name.empty() && name.find("Zephyra.so") == std::string::npos) {
-        dlopen(name.c_str(), RTLD_NOW | RTLD_NOLOAD | RTLD_NODELETE);
-    }
-    return 0;
-}
-
+// The libraries the module brings along stay loaded, as in a host (HeldLibraries.h): what a
+// load leaves behind is then the module's own.
 void holdTheModulesDependencies() {
     void* module = dlopen(ZEPHYRA_MODULE_PATH, RTLD_NOW | RTLD_LOCAL);
-    dl_iterate_phdr(holdLibrary, nullptr);
+    holdLibrariesBesideModule(module);
     dlclose(module);
 }
 
