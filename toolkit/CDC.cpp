@@ -112,9 +112,7 @@ CPoint CDC::SetViewportOrg(int x, int y) {
 }
 
 void CDC::Touch(const RECT& area) {
-    CRect joined;
-    joined.UnionRect(m_touched, area);
-    m_touched = joined;
+    m_touched.Add(area);
 }
 
 bool CDC::BitBlt(int x, int y, int width, int height, CDC* source, int sx, int sy, DWORD) {

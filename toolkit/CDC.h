@@ -11,6 +11,7 @@
 #include "CRect.h"
 #include "CSize.h"
 #include "CString.h"
+#include "TouchedArea.h"
 #include "WinTypes.h"
 
 #include <cairo.h>
@@ -120,7 +121,7 @@ protected:
     CFont* m_pSelectedFont = nullptr;
     CBitmap* m_pSelectedBitmap = nullptr;
     // What drawing touched, so that a window DC shows only that.
-    CRect m_touched;
+    TouchedArea m_touched;
 
 private:
     bool Blit(int x, int y, int width, int height, CDC* source, int sx, int sy, int sourceWidth,

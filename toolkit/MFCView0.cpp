@@ -226,17 +226,21 @@ cairo_t* MFCView0::LockFocusIfCanDraw() {
     return cairo_create(m_pixels);
 }
 
-void MFCView0::UnlockFocus(cairo_t* context, const RECT& touched) {
+void MFCView0::UnlockFocus(cairo_t* context, const TouchedArea& touched) {
     if (!context)
         return;
     cairo_destroy(context);
-    const CSize size = BoundsSize();
-    CRect area;
-    if (!area.IntersectRect(touched, CRect(0, 0, size.cx, size.cy)))
+    if (touched.IsEmpty())
         return;
     cairo_surface_flush(m_pixels);
-    if (m_native && CanDraw())
-        m_native->Present(m_pixels, area);
+    if (!m_native || !CanDraw())
+        return;
+    const CSize size = BoundsSize();
+    for (const CRect& rect : touched) {
+        CRect area;
+        if (area.IntersectRect(rect, CRect(0, 0, size.cx, size.cy)))
+            m_native->Present(m_pixels, area);
+    }
 }
 
 void MFCView0::TakeKeyboardFocus() {

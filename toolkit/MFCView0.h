@@ -9,6 +9,7 @@
 #include "CSize.h"
 #include "ClickCounter.h"
 #include "NativePlatform.h"
+#include "TouchedArea.h"
 
 #include <cairo.h>
 #include <cstdint>
@@ -60,7 +61,7 @@ public:
     // Drawing outside a paint: a context on the pixels, or null when the view cannot draw;
     // unlocking shows the touched area.
     cairo_t* LockFocusIfCanDraw();
-    void UnlockFocus(cairo_t* context, const RECT& touched);
+    void UnlockFocus(cairo_t* context, const TouchedArea& touched);
     cairo_surface_t* Pixels() const { return m_pixels; }
 
     void TakeKeyboardFocus();

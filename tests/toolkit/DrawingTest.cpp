@@ -292,6 +292,18 @@ TEST_F(WindowDrawingTest, ClientDcDrawsOutsideThePaint) {
     EXPECT_EQ(driver.PixelAt(&wnd, 25, 25), 0xFFFFFFu);
 }
 
+TEST_F(WindowDrawingTest, ClientDcShowsPlacesAtBothEnds) {
+    driver.Pump();
+    {
+        CClientDC dc(&wnd);
+        dc.FillSolidRect(CRect(0, 0, 5, 5), RGB(255, 0, 0));
+        dc.FillSolidRect(CRect(95, 95, 100, 100), RGB(0, 0, 255));
+    }
+    EXPECT_EQ(driver.PixelAt(&wnd, 2, 2), 0xFF0000u);
+    EXPECT_EQ(driver.PixelAt(&wnd, 97, 97), 0x0000FFu);
+    EXPECT_EQ(driver.PixelAt(&wnd, 50, 50), 0xFFFFFFu);
+}
+
 TEST_F(WindowDrawingTest, ClientDcOfAHiddenWindowDrawsNothing) {
     driver.Pump();
     wnd.ShowWindow(SW_HIDE);
