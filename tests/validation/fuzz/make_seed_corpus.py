@@ -76,6 +76,33 @@ def parameter_step(way, index, value, process=False):
 
 PROCESS_SINGLE, PROCESS_DOUBLE, SET_PARAMETER, GET_PARAMETER = 100, 101, 102, 103
 
+# The editor events' layout: a kind byte (taken modulo 9), then what the kind reads.
+# Points are two 16-bit values, each the coordinate plus the 24-pixel margin.
+PRESS, RELEASE, MOVE, WHEEL, DOUBLE_CLICK, KEY, MODIFIERS, HOST = 0, 1, 2, 3, 4, 5, 6, 7
+HOST_AUTOMATION, HOST_AUDIO, HOST_PROGRAM, HOST_CLOSE_EDITOR, HOST_IDLE = 0, 1, 2, 3, 4
+KEY_RETURN, KEY_ESCAPE, KEY_DOWN = (36, 13), (53, 27), (125, 31)
+SHIFT, CONTROL = 0x0200, 0x1000
+
+
+def at(kind, x, y):
+    return bytes([kind]) + struct.pack("<HH", x + 24, y + 24)
+
+
+def click(x, y):
+    return at(PRESS, x, y) + at(RELEASE, x, y)
+
+
+def key(code_and_character):
+    return bytes([KEY, *code_and_character])
+
+
+def typed(text):
+    return b"".join(key((0, ord(c))) for c in text)
+
+
+def host(action, extra=b""):
+    return bytes([HOST, action]) + extra
+
 
 def seeds():
     shaped_bank = bank(SHAPED, current=5, names={0: "Vocal", 5: "Bright"})
@@ -147,6 +174,26 @@ def seeds():
     yield "parameters", "ordinary-values", ordinary
     yield "parameters", "foreign-indices", b"".join(
         parameter_step(way, index, 0.3) for way in range(3) for index in (-1, 11, 1 << 30))
+
+    drag = at(PRESS, 175, 160) + at(MOVE, 189, 130) + at(MOVE, 260, 160) + at(MOVE, -20, 230)
+    yield "editor_events", "knob-and-slider-drags", drag + at(RELEASE, 205, 155) + (
+        at(PRESS, 56, 60) + at(MOVE, 56, 170) + host(HOST_AUDIO, b"\x80") + at(RELEASE, 56, 170)
+        + at(WHEEL, 330, 70) + b"\x01" + at(DOUBLE_CLICK, 260, 70))
+    yield "editor_events", "copy-menu", click(73, 19) + key(KEY_DOWN) + key(KEY_DOWN) + key(
+        KEY_RETURN) + click(73, 19) + click(300, 100)
+    yield "editor_events", "save-dialog", click(286, 19) + key(KEY_DOWN) + key((48, 9)) + typed(
+        "A name longer than any field takes") + key(KEY_RETURN) + click(286, 19) + key(KEY_ESCAPE)
+    yield "editor_events", "menu-left-open", click(73, 19)
+    yield "editor_events", "dialog-left-open", click(286, 19) + click(73, 19)
+    yield "editor_events", "typed-values", click(331, 99) + typed("-3") + key(KEY_RETURN) + click(
+        190, 183) + typed("1e39x!") + key(KEY_RETURN) + click(260, 183) + typed("99") + click(
+        100, 150) + click(420, 192) + key(KEY_ESCAPE)
+    yield "editor_events", "modified-clicks", bytes([MODIFIERS]) + struct.pack("<H", SHIFT) + click(
+        30, 18) + bytes([MODIFIERS]) + struct.pack("<H", CONTROL) + click(30, 18) + click(232, 19)
+    yield "editor_events", "host-meanwhile", host(HOST_AUTOMATION, bytes([4]) + struct.pack(
+        "<f", math.nan)) + host(HOST_PROGRAM, bytes([70])) + host(HOST_CLOSE_EDITOR) + click(
+        73, 19) + host(HOST_IDLE) + click(286, 19) + host(HOST_AUTOMATION, bytes([9]) + struct.pack(
+        "<f", 2.0)) + host(HOST_AUDIO, bytes([255])) + key(KEY_ESCAPE)
 
 
 def main():

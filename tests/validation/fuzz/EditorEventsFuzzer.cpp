@@ -1,0 +1,165 @@
+// A user at the editor doing anything at all: presses, releases, drags, wheel turns and
+// double clicks anywhere on the panel and beyond its edges, keys of any code and
+// character under any modifiers, while the host automates, plays audio, changes programs,
+// idles and closes and reopens the editor in between. The copy menu and the save dialog
+// that clicks open see the events that follow, as a user would use them, while the host
+// does only what its other threads can (automation, audio): its user-interface thread is
+// the one running the menu. Once the input runs dry, Escape ends whatever is still open.
+// Afterwards every parameter is displayable and the audio finite.
+#include "CHeadlessDriver.h"
+#include "CUIWindow.h"
+#include "CZephyraEditor.h"
+#include "FuzzInput.h"
+#include "KeyCodes.h"
+#include "PluginChecks.h"
+
+#include <cstdio>
+#include <cstdlib>
+
+namespace {
+
+constexpr int kMargin = 24; // how far past the panel's edges the pointer goes
+// Escapes a run may need to close what is open (menu, dialog, message box, entry field);
+// a loop that outlasts these never ends.
+constexpr int kEscapesToCloseAll = 16;
+
+class UserSession {
+public:
+    UserSession(FuzzInput& input, CHeadlessDriver& driver)
+        : m_input(input), m_driver(driver),
+          m_hostWindow(driver.CreateHostWindow(CRect(40, 30, 640, 400))), m_noise(7) {
+        m_plugin.Start(48000.0f, 256);
+        OpenEditor();
+    }
+    ~UserSession() {
+        m_plugin.Dispatch(effEditClose);
+        m_driver.DestroyHostWindow(m_hostWindow);
+    }
+
+    void Run() {
+        s_active = this;
+        m_driver.WhileModal(FeedModalLoops);
+        while (!m_input.Empty()) {
+            Perform();
+            m_driver.Pump();
+        }
+        // The feeder is still queued: it runs once more, finds no session and stops.
+        s_active = nullptr;
+        m_driver.Pump();
+        m_driver.SetModifiers(0);
+        RequireNoProblem(EffectProblem(m_plugin, m_noise, 256, false));
+    }
+
+private:
+    // Runs on every turn of the platform's event processing. Outside a menu or dialog it
+    // only waits for one; inside, it plays the next event into it, or Escape when the
+    // input is spent.
+    static void FeedModalLoops() {
+        UserSession* session = s_active;
+        if (!session)
+            return;
+        session->m_driver.WhileModal(FeedModalLoops);
+        if (session->m_depth == 0)
+            return;
+        if (!session->m_input.Empty()) {
+            session->Perform();
+        } else if (++session->m_escapes > kEscapesToCloseAll) {
+            std::fprintf(stderr, "a menu or dialog does not end on Escape\n");
+            std::abort();
+        } else {
+            session->m_driver.SetModifiers(0);
+            session->m_driver.Key(kKeyEscape, kCharEscape);
+        }
+    }
+
+    void OpenEditor() {
+        ERect* rect = nullptr;
+        m_plugin.Dispatch(effEditGetRect, 0, 0, &rect);
+        m_panelSize = CSize(rect->right - rect->left, rect->bottom - rect->top);
+        m_plugin.Dispatch(effEditOpen, 0, 0, m_hostWindow);
+        m_plugin.Dispatch(effEditIdle);
+    }
+
+    CWnd* Panel() {
+        auto* editor = static_cast<CZephyraEditor*>(m_plugin.Effect().getEditor());
+        return editor ? editor->GetUIWindow() : nullptr;
+    }
+
+    CPoint AnyPoint() {
+        const int x = m_input.Take<uint16_t>() % (m_panelSize.cx + 2 * kMargin) - kMargin;
+        const int y = m_input.Take<uint16_t>() % (m_panelSize.cy + 2 * kMargin) - kMargin;
+        return CPoint(x, y);
+    }
+
+    // One event; menus and dialogs it opens run inside it.
+    void Perform() {
+        ++m_depth;
+        const int kind = m_input.Small(9);
+        CWnd* panel = Panel();
+        if (panel == nullptr && kind < 5) {
+            // The user reopens the editor that the host closed.
+            OpenEditor();
+            panel = Panel();
+        }
+        if (kind == 0) {
+            m_driver.Press(panel, AnyPoint());
+        } else if (kind == 1) {
+            m_driver.Release(panel, AnyPoint());
+        } else if (kind == 2) {
+            m_driver.Move(panel, AnyPoint());
+        } else if (kind == 3) {
+            m_driver.Wheel(panel, AnyPoint(), m_input.Take<uint8_t>() & 1);
+        } else if (kind == 4) {
+            m_driver.DoubleClick(panel, AnyPoint());
+        } else if (kind == 5) {
+            const unsigned code = m_input.Take<uint8_t>();
+            m_driver.Key(code, m_input.Take<uint8_t>());
+        } else if (kind == 6) {
+            m_driver.SetModifiers(m_input.Take<uint16_t>() & (kModifierCommand | kModifierShift |
+                                                              kModifierOption | kModifierControl));
+        } else {
+            HostAction(m_depth > 1);
+        }
+        --m_depth;
+    }
+
+    void HostAction(bool userInterfaceThreadBusy) {
+        switch (m_input.Small(userInterfaceThreadBusy ? 2 : 6)) {
+        case 0:
+            m_plugin.SetParameter(m_input.Small(kNumParams), m_input.Take<float>());
+            break;
+        case 1:
+            RequireNoProblem(AudioProblem(m_plugin, m_noise, 1 + m_input.Small(256), false));
+            break;
+        case 2:
+            m_plugin.Dispatch(effSetProgram, 0, m_input.Small(64));
+            break;
+        case 3:
+            m_plugin.Dispatch(effEditClose);
+            break;
+        default:
+            m_plugin.Dispatch(effEditIdle);
+            break;
+        }
+    }
+
+    static inline UserSession* s_active = nullptr;
+
+    FuzzInput& m_input;
+    CHeadlessDriver& m_driver;
+    void* m_hostWindow;
+    HostedPlugin m_plugin;
+    Noise m_noise;
+    CSize m_panelSize;
+    int m_depth = 0; // events being performed, one inside the other in menus and dialogs
+    int m_escapes = 0;
+};
+
+} // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
+    CHeadlessDriver driver;
+    FuzzInput input(data, size);
+    UserSession(input, driver).Run();
+    return 0;
+}
