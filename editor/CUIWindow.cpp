@@ -110,7 +110,8 @@ void CUIWindow::ShowEffectValues() {
     for (int slot = 0; slot < kSliderCount; ++slot)
         m_sliders[slot].SetValue(effect->getParameter(kSliderLayout[slot].parameter), nullptr,
                                  false);
-    m_onOffSwitch.SetValue(static_cast<int>(effect->getParameter(kParamOnOff)), false);
+    // The switch shows the value's integer part, non-zero being on.
+    m_onOffSwitch.SetValue(OnOffValueIsOn(effect->getParameter(kParamOnOff)) ? 1 : 0, false);
     // The type switches compare the type itself (0, 1 or 2), not its normalised value.
     for (int slot = 0; slot < kTypeSwitchCount; ++slot) {
         const SwitchLayout& layout = kTypeSwitchLayout[slot];

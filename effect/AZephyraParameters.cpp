@@ -34,10 +34,7 @@ void AZephyra::pushToEngine(int index, float value) {
     const int band = index < kParamType2 ? 0 : 1;
     switch (index) {
     case kParamOnOff: {
-        // On when the value truncates to a non-zero integer (of 0..1 only 1.0 does),
-        // decided without converting, which would be undefined for a host's huge value.
-        // NaN counts as on, as in the audio path.
-        const bool on = !(std::fabs(value) < 1.0f);
+        const bool on = OnOffValueIsOn(value);
         m_engine->set_Activate(0, on);
         m_engine->set_Activate(1, on);
         break;

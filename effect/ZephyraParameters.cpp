@@ -127,6 +127,10 @@ float NormalizeValToInternalVal(int index, float normalised) {
     return continuousValue(index, normalised);
 }
 
+bool OnOffValueIsOn(float value) {
+    return !(std::fabs(value) < 1.0f);
+}
+
 void GetParamMinMax(int index, float* min, float* max) {
     if (!inTable(index)) {
         *min = 0.0f;

@@ -51,6 +51,10 @@ uint32_t NormalizeValToDWValue(int index, float normalised);
 // Normalised to the internal value before the engine's scaling: dB for Output and Input,
 // the rounded step for stepped parameters, the clamped value otherwise.
 float NormalizeValToInternalVal(int index, float normalised);
+// Whether an ON/OFF value switches on: when it truncates to a non-zero integer (of 0..1
+// only 1.0 does), decided without converting, which would be undefined for a host's huge
+// value. NaN counts as on, as in the audio path.
+bool OnOffValueIsOn(float value);
 // The value range as the entry field shows it (dB for Output and Input).
 void GetParamMinMax(int index, float* min, float* max);
 

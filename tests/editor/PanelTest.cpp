@@ -7,6 +7,7 @@
 #include "headless/HeadlessPlatform.h"
 
 #include <dirent.h>
+#include <limits>
 #include <malloc.h>
 #include <thread>
 #include <vector>
@@ -157,6 +158,23 @@ TEST_F(EditorPanel, AFreshPanelShowsTheEffectsValuesNotTheControlsMiddle) {
     EXPECT_EQ(KnobDifferences(3, 30), 0) << "Gain2 at 0 dB: the middle frame";
     EXPECT_GT(KnobDifferences(0, 30), 0) << "and the middle frame would look different";
     EXPECT_EQ(Differences(kOnOffSwitchLayout.rect, Load(kBitmapOnOffOff)), 0);
+}
+
+// The switch shows the value's integer part: only a whole 1 (or more) is on, and a host's
+// value far outside any integer opens the panel as harmlessly as it reaches the engine.
+TEST_F(EditorPanel, TheOnOffSwitchOpensOnTheIntegerPartOfAnyValue) {
+    const struct {
+        float value;
+        bool on;
+    } cases[] = {{0.99f, false}, {1.0f, true}, {-0.5f, false}, {-1.7e38f, true},
+                 {std::numeric_limits<float>::infinity(), true},
+                 {std::numeric_limits<float>::quiet_NaN(), true}};
+    for (const auto& c : cases) {
+        effect.setParameter(kParamOnOff, c.value);
+        Open();
+        EXPECT_EQ(Panel().OnOffSwitch().GetValue(), c.on) << c.value;
+        Dispatch(effEditClose);
+    }
 }
 
 TEST_F(EditorPanel, ATypeOfOneLightsOnlyThePeakSwitchOfItsBand) {
