@@ -183,6 +183,12 @@ def seeds():
         KEY_RETURN) + click(73, 19) + click(300, 100)
     yield "editor_events", "save-dialog", click(286, 19) + key(KEY_DOWN) + key((48, 9)) + typed(
         "A name longer than any field takes") + key(KEY_RETURN) + click(286, 19) + key(KEY_ESCAPE)
+    readouts = [(189, 99), (260, 99), (331, 99), (189, 183), (260, 183), (331, 183), (30, 192),
+                (420, 192)]
+    yield "editor_events", "hostile-values-then-readouts", b"".join(
+        host(HOST_AUTOMATION, bytes([index]) + struct.pack("<f", value))
+        + b"".join(click(x, y) + key(KEY_ESCAPE) for x, y in readouts)
+        for index in range(11) for value in (math.nan, math.inf, -3.4e38))
     yield "editor_events", "menu-left-open", click(73, 19)
     yield "editor_events", "dialog-left-open", click(286, 19) + click(73, 19)
     yield "editor_events", "typed-values", click(331, 99) + typed("-3") + key(KEY_RETURN) + click(
