@@ -105,7 +105,7 @@ int runBench(const CommandLine& commandLine, const ToolContext& context) {
 } // namespace
 
 Command benchCommand() {
-    std::vector<OptionSpec> options = processingOptions();
+    std::vector<OptionDefinition> options = processingOptions();
     options.push_back({"rate", "HZ", "sample rate (48000)"});
     options.push_back({"seconds", "S", "noise processed per run (5)"});
     options.push_back({"repeat", "N", "runs per plug-in (5)"});

@@ -7,10 +7,11 @@
 
 namespace {
 
-const OptionSpec* findSpec(const std::vector<OptionSpec>& specs, const std::string& name) {
-    for (const OptionSpec& spec : specs) {
-        if (name == spec.name) {
-            return &spec;
+const OptionDefinition* findDefinition(const std::vector<OptionDefinition>& definitions,
+                                       const std::string& name) {
+    for (const OptionDefinition& definition : definitions) {
+        if (name == definition.name) {
+            return &definition;
         }
     }
     return nullptr;
@@ -37,7 +38,7 @@ bool parseNumber(const std::string& text, double& result) {
 }
 
 CommandLine::CommandLine(const std::vector<std::string>& arguments,
-                         const std::vector<OptionSpec>& specs) {
+                         const std::vector<OptionDefinition>& definitions) {
     for (std::size_t i = 0; i < arguments.size(); ++i) {
         const std::string& argument = arguments[i];
         if (argument.size() < 3 || argument.compare(0, 2, "--") != 0) {
@@ -52,17 +53,18 @@ CommandLine::CommandLine(const std::vector<std::string>& arguments,
             value = name.substr(equals + 1);
             name.erase(equals);
         }
-        const OptionSpec* spec = findSpec(specs, name);
-        if (spec == nullptr) {
+        const OptionDefinition* definition = findDefinition(definitions, name);
+        if (definition == nullptr) {
             throw UsageError("unknown option --" + name);
         }
-        if (spec->valueName == nullptr) {
+        if (definition->valueName == nullptr) {
             if (inlineValue) {
                 throw UsageError("option --" + name + " takes no value");
             }
         } else if (!inlineValue) {
             if (i + 1 == arguments.size()) {
-                throw UsageError("option --" + name + " needs a value (" + spec->valueName + ")");
+                throw UsageError("option --" + name + " needs a value (" + definition->valueName +
+                                 ")");
             }
             value = arguments[++i];
         }

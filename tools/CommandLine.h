@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-struct OptionSpec {
+struct OptionDefinition {
     const char* name;      // without the leading dashes
     const char* valueName; // null for a switch
     const char* help;
@@ -16,7 +16,8 @@ class CommandLine {
 public:
     // Reads arguments after the command word; throws UsageError for an option the command
     // does not know or a value that is missing.
-    CommandLine(const std::vector<std::string>& arguments, const std::vector<OptionSpec>& specs);
+    CommandLine(const std::vector<std::string>& arguments,
+                const std::vector<OptionDefinition>& definitions);
 
     const std::vector<std::string>& positionals() const { return positionalArguments; }
     bool has(const std::string& name) const;

@@ -21,7 +21,7 @@ struct Command {
     const char* name;
     const char* arguments; // as shown in the usage text
     const char* summary;
-    std::vector<OptionSpec> options;
+    std::vector<OptionDefinition> options;
     int (*run)(const CommandLine& commandLine, const ToolContext& context);
 };
 
@@ -32,5 +32,5 @@ Command benchCommand();
 Command editorCommand();
 
 // The options of the commands that process audio: settings, block size and precision.
-std::vector<OptionSpec> processingOptions();
+std::vector<OptionDefinition> processingOptions();
 int readBlockSize(const CommandLine& commandLine);

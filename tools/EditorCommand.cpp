@@ -113,7 +113,7 @@ int runEditor(const CommandLine& commandLine, const ToolContext& context) {
 } // namespace
 
 Command editorCommand() {
-    std::vector<OptionSpec> options = settingsOptions();
+    std::vector<OptionDefinition> options = settingsOptions();
     options.push_back({"seconds", "S",
                        "close the editor after S seconds (default: when the "
                        "window is closed)"});

@@ -179,7 +179,7 @@ int runInfo(const CommandLine& commandLine, const ToolContext& context) {
 } // namespace
 
 Command infoCommand() {
-    std::vector<OptionSpec> options = settingsOptions();
+    std::vector<OptionDefinition> options = settingsOptions();
     options.push_back({"json", nullptr, "print JSON instead of a table"});
     return {"info", "", "identity, channels, flags, programs and parameters (after any settings)",
             options, runInfo};

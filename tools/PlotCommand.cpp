@@ -112,7 +112,7 @@ int runPlot(const CommandLine& commandLine, const ToolContext& context) {
 } // namespace
 
 Command plotCommand() {
-    std::vector<OptionSpec> options = processingOptions();
+    std::vector<OptionDefinition> options = processingOptions();
     options.push_back({"rate", "HZ", "sample rate to measure at (48000)"});
     options.push_back({"phase", nullptr, "draw the phase as well"});
     options.push_back({"size", "WxH", "picture size in pixels (900x500)"});

@@ -6,7 +6,7 @@
 
 #include <climits>
 
-std::vector<OptionSpec> settingsOptions() {
+std::vector<OptionDefinition> settingsOptions() {
     return {
         {"bank", "FILE.fxb", "load a bank file as a host does"},
         {"program", "N", "select program N (counting from 0)"},

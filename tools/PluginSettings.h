@@ -19,7 +19,7 @@ struct PluginSettings {
 };
 
 // The options every command that drives the plug-in accepts.
-std::vector<OptionSpec> settingsOptions();
+std::vector<OptionDefinition> settingsOptions();
 
 // Reads the bank file at once, so a bad one is reported before the plug-in is loaded.
 PluginSettings readSettings(const CommandLine& commandLine);

@@ -11,8 +11,8 @@ std::string ToolContext::pluginPath() const {
     return pluginOption.empty() ? defaultPluginPath() : pluginOption;
 }
 
-std::vector<OptionSpec> processingOptions() {
-    std::vector<OptionSpec> options = settingsOptions();
+std::vector<OptionDefinition> processingOptions() {
+    std::vector<OptionDefinition> options = settingsOptions();
     options.push_back({"block", "N", "frames per process call (512)"});
     options.push_back({"double", nullptr, "process with 64-bit samples (processDoubleReplacing)"});
     return options;

@@ -93,7 +93,7 @@ int runRender(const CommandLine& commandLine, const ToolContext& context) {
 } // namespace
 
 Command renderCommand() {
-    std::vector<OptionSpec> options = processingOptions();
+    std::vector<OptionDefinition> options = processingOptions();
     options.push_back({"demo", nullptr, "process the built-in demo signal instead of IN"});
     options.push_back({"rate", "HZ", "sample rate of the demo signal (48000)"});
     options.push_back({"tail", "SECONDS",

@@ -18,8 +18,8 @@ std::vector<Command> allCommands() {
     return {infoCommand(), renderCommand(), plotCommand(), benchCommand(), editorCommand()};
 }
 
-void printOptions(std::FILE* out, const std::vector<OptionSpec>& options) {
-    for (const OptionSpec& option : options) {
+void printOptions(std::FILE* out, const std::vector<OptionDefinition>& options) {
+    for (const OptionDefinition& option : options) {
         std::string name = std::string("--") + option.name;
         if (option.valueName != nullptr) {
             name += std::string(" ") + option.valueName;

@@ -7,7 +7,7 @@
 
 namespace {
 
-const std::vector<OptionSpec> kSpecs = {
+const std::vector<OptionDefinition> kDefinitions = {
     {"set", "NAME=VALUE", ""},
     {"block", "N", ""},
     {"json", nullptr, ""},
@@ -16,7 +16,7 @@ const std::vector<OptionSpec> kSpecs = {
 TEST(CommandLine, ReadsOptionsBetweenAndAfterArguments) {
     const CommandLine line(
         {"in.wav", "--set", "Gain1=+6", "out.wav", "--set=Freq1=2000", "--json", "--block", "128"},
-        kSpecs);
+        kDefinitions);
     EXPECT_EQ(line.positionals(), (std::vector<std::string>{"in.wav", "out.wav"}));
     EXPECT_EQ(line.all("set"), (std::vector<std::string>{"Gain1=+6", "Freq1=2000"}));
     EXPECT_TRUE(line.has("json"));
@@ -31,13 +31,13 @@ TEST(CommandLine, MistakesAreUsageErrors) {
         {"--json=yes"},    // a switch given a value
     };
     for (const auto& arguments : mistakes) {
-        EXPECT_THROW(CommandLine(arguments, kSpecs), UsageError) << arguments[0];
+        EXPECT_THROW(CommandLine(arguments, kDefinitions), UsageError) << arguments[0];
     }
 }
 
 TEST(CommandLine, NumbersOutsideTheirRangeOrNotWholeAreRefused) {
     for (const char* value : {"0", "70000", "12.5", "many", ""}) {
-        const CommandLine line({"--block", value}, kSpecs);
+        const CommandLine line({"--block", value}, kDefinitions);
         EXPECT_THROW(line.integer("block", 512, 1, 65536), UsageError) << value;
     }
 }

@@ -162,13 +162,13 @@ def seeds():
             request(60, 0, 1 << 40, math.inf), request(61, 0, -(1 << 40))]
     yield "dispatcher", "editor-keys", b"".join(keys)
 
-    specials = [math.nan, math.inf, -math.inf, -1.0, 2.0, 3.4e38, -0.0, 1e-45]
+    extremes = [math.nan, math.inf, -math.inf, -1.0, 2.0, 3.4e38, -0.0, 1e-45]
     steps = b""
     for index in range(11):
         for way in range(3):
-            steps += parameter_step(way, index, specials[(index + way) % len(specials)],
+            steps += parameter_step(way, index, extremes[(index + way) % len(extremes)],
                                     process=index % 4 == 0)
-    yield "parameters", "special-floats", steps
+    yield "parameters", "extreme-floats", steps
     ordinary = b"".join(parameter_step(way, index, 0.5 + 0.04 * index, process=True)
                         for way in range(3) for index in range(11))
     yield "parameters", "ordinary-values", ordinary
