@@ -193,9 +193,9 @@ int main(int argc, char** argv) {
     const auto fastest = [](const std::vector<double>& v) {
         return *std::min_element(v.begin(), v.end());
     };
-    for (const auto& [name, function] :
-         {std::pair{"full_repaint", FullRepaint}, {"meter_tick", MeterTick},
-          {"quiet_idle", QuietIdle}}) {
+    for (const auto& [name, function] : {std::pair{"full_repaint", FullRepaint},
+                                         {"meter_tick", MeterTick},
+                                         {"quiet_idle", QuietIdle}}) {
         benchmark::RegisterBenchmark(name, function)
             ->Repetitions(7)
             ->ReportAggregatesOnly(true)

@@ -25,7 +25,8 @@ TEST(TouchedArea, NeighboursJoinAndDistantPlacesStayApart) {
     meters.Add(CRect(38, 45, 47, 185));
     meters.Add(CRect(422, 45, 431, 185));
     meters.Add(CRect(431, 45, 440, 185));
-    EXPECT_EQ(RectsOf(meters), (std::vector<CRect>{CRect(29, 45, 47, 185), CRect(422, 45, 440, 185)}));
+    EXPECT_EQ(RectsOf(meters),
+              (std::vector<CRect>{CRect(29, 45, 47, 185), CRect(422, 45, 440, 185)}));
 
     TouchedArea overlapping;
     overlapping.Add(CRect(0, 0, 100, 100));
