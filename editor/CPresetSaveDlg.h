@@ -1,6 +1,6 @@
 // The dialog that stores the current settings as one of the effect's 64 programs under a
 // name: a list of the programs ("1:" to "64:" with their names) and a field for the name.
-// Made on the panel's stack for one save; the panel saves when DoModal returns IDOK.
+// Made by the panel for one save; the panel saves when the dialog ends with IDOK.
 #pragma once
 
 #include "CComboBox.h"

@@ -106,6 +106,7 @@ private:
     bool PressSwitch(CPoint point, CDC* dc);
     void SelectTypeByUser(int slot, CDC* dc);
     void ShowCopyMenu();
+    void ReleaseCopyButton();
     void SaveWithDialog();
 
     CZephyraEditor* m_pEditor = nullptr;

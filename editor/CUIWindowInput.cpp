@@ -11,6 +11,7 @@
 #include "WinStyles.h"
 
 #include <cstdlib>
+#include <memory>
 
 namespace {
 
@@ -112,7 +113,8 @@ void CUIWindow::SelectTypeByUser(int slot, CDC* dc) {
     }
 }
 
-// The button shows pressed while the menu is open. Program names are stored in Shift-JIS.
+// The button shows pressed while the menu is open, and is released once the menu has
+// closed, after a chosen program has been copied. Program names are stored in Shift-JIS.
 void CUIWindow::ShowCopyMenu() {
     {
         CClientDC dc(this);
@@ -129,7 +131,12 @@ void CUIWindow::ShowCopyMenu() {
         menu.AppendMenu(program == current ? kCurrentProgramItem : MF_STRING,
                         kCopyProgramFirstCommand + static_cast<UINT>(program), name);
     }
-    menu.TrackPopupMenu(kCopyMenuFlags, kCopyMenuLeft, kCopyMenuTop, this);
+    if (!menu.TrackPopupMenu(kCopyMenuFlags, kCopyMenuLeft, kCopyMenuTop, this, nullptr,
+                             [this](bool) { ReleaseCopyButton(); }))
+        ReleaseCopyButton();
+}
+
+void CUIWindow::ReleaseCopyButton() {
     CClientDC dc(this);
     m_copyButton.SetValue(0, false);
     m_copyButton.DrawSwitch(&dc);
@@ -193,12 +200,16 @@ void CUIWindow::OnLButtonUp(UINT, CPoint point) {
     }
 }
 
+// The dialog outlives this call: the host goes on while it is open. The toolkit keeps it
+// for the panel, and closing the editor first takes it away unsaved.
 void CUIWindow::SaveWithDialog() {
-    AZephyra* effect = Effect();
-    CPresetSaveDlg dialog(nullptr, effect);
-    if (dialog.DoModal() == IDOK)
-        effect->SaveProgram(dialog.GetChosenProgram(), dialog.GetChosenName());
-    DeliverPendingUpdates();
+    auto dialog = std::make_unique<CPresetSaveDlg>(nullptr, Effect());
+    const CPresetSaveDlg& chosen = *dialog;
+    AfxRunKeptDialog(this, std::move(dialog), [this, &chosen](int result) {
+        if (result == IDOK)
+            Effect()->SaveProgram(chosen.GetChosenProgram(), chosen.GetChosenName());
+        DeliverPendingUpdates();
+    });
 }
 
 void CUIWindow::ShowEdit(int value, int minimum, int maximum, bool sign, int width, CRect rect,

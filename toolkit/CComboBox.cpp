@@ -119,14 +119,16 @@ void CComboBox::ShowDropDown(bool show) {
     GetClientRect(&client);
     CPoint below(0, client.bottom + kListGap);
     ClientToScreen(&below);
-    m_dropped = true;
+    const bool shown =
+        PopupListWnd::Open(std::move(items), PopupListWnd::Layout::Scrolling, this, below,
+                           client.Width(), -1, m_selected, [this](int chosen) {
+                               m_dropped = false;
+                               Invalidate();
+                               if (chosen >= 0)
+                                   ChooseByUser(chosen);
+                           });
+    m_dropped = shown;
     Invalidate();
-    PopupListWnd list(std::move(items), PopupListWnd::Layout::Scrolling);
-    const int chosen = list.Track(this, below, client.Width(), -1, m_selected);
-    m_dropped = false;
-    Invalidate();
-    if (chosen >= 0)
-        ChooseByUser(chosen);
 }
 
 void CComboBox::OnPaint() {

@@ -26,7 +26,7 @@ public:
     int GetLBText(int index, CString& text) const;
     int GetLBTextLen(int index) const;
     int FindStringExact(int startAfter, const char* text) const;
-    // Opens the list and returns when it closes.
+    // Opens the list and returns; a choice from it reaches the parent once the list closes.
     void ShowDropDown(bool show = true);
 
 protected:

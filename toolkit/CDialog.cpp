@@ -9,6 +9,7 @@
 #include "KeyCodes.h"
 #include "MFCView0.h"
 #include "MessagePump.h"
+#include "OwnedWindows.h"
 #include "ToolkitTheme.h"
 #include "WinControlIds.h"
 #include "WinMessages.h"
@@ -17,6 +18,7 @@
 #include <algorithm>
 #include <cerrno>
 #include <cstdio>
+#include <utility>
 
 namespace {
 constexpr int kCloseBoxSize = 20;
@@ -44,10 +46,11 @@ CDialog::CDialog(const DialogTemplate& layout, CWnd* parent)
 
 CDialog::~CDialog() {
     DestroyWindow();
+    EnableOwnerAgain();
     m_layoutControls.clear();
 }
 
-int CDialog::DoModal() {
+int CDialog::DoModal(Ended onEnded) {
     const DialogTemplate* layout = m_layout ? m_layout.get() : AfxFindDialogTemplate(m_nIDTemplate);
     CWnd* owner = m_pOwner ? m_pOwner : AfxGetMainWnd();
     if (!layout || !CreateFromLayout(*layout, owner)) {
@@ -59,22 +62,41 @@ int CDialog::DoModal() {
     PostMessage(WM_ACTIVATE, 1, 0);
     SetFocus();
 
-    const bool ownerWasEnabled = owner && owner->IsWindowEnabled();
-    if (owner)
+    if (owner && owner->IsWindowEnabled() && owner->GetSafeHwnd()) {
         owner->EnableWindow(false);
+        m_disabledOwner = owner;
+        m_disabledOwnerView = owner->GetSafeHwnd()->Serial();
+    }
     m_ended = false;
     m_result = -1;
-    if (OnInitDialog() && !m_ended) {
-        const std::vector<CWnd*> stops = TabStops();
-        if (!stops.empty())
-            GotoDlgCtrl(stops.front());
-        RunModalLoop();
+    m_onEnded = std::move(onEnded);
+    if (!OnInitDialog() || m_ended) {
+        m_onEnded = nullptr;
+        DestroyWindow();
+        EnableOwnerAgain();
+        return -1;
     }
-    ShowWindow(SW_HIDE);
+    const std::vector<CWnd*> stops = TabStops();
+    if (!stops.empty())
+        GotoDlgCtrl(stops.front());
+    return 0;
+}
+
+// The caller is told last: it may destroy this dialog.
+void CDialog::FinishModal() {
     DestroyWindow();
-    if (owner && ownerWasEnabled)
+    EnableOwnerAgain();
+    const Ended onEnded = std::move(m_onEnded);
+    const int result = m_result;
+    if (onEnded)
+        onEnded(result);
+}
+
+void CDialog::EnableOwnerAgain() {
+    CWnd* owner = std::exchange(m_disabledOwner, nullptr);
+    const MFCView0* view = MFCView0::FromSerial(m_disabledOwnerView);
+    if (owner && view && view->GetCWnd() == owner)
         owner->EnableWindow(true);
-    return m_result;
 }
 
 // Placed over the middle of its owner (or of the screen), kept on the screen.
@@ -177,10 +199,15 @@ void CDialog::OnCancel() {
     EndDialog(IDCANCEL);
 }
 
+// Ending happens inside one of the dialog's own handlers: the dialog leaves the screen now
+// and is destroyed, and its caller told, once that handler has returned.
 void CDialog::EndDialog(int result) {
+    if (m_ended)
+        return;
     m_ended = true;
     m_result = result;
-    EndModalLoop(result);
+    ShowWindow(SW_HIDE);
+    AfxCallLater(this, [this] { FinishModal(); });
 }
 
 std::vector<CWnd*> CDialog::TabStops() const {
@@ -309,6 +336,19 @@ LRESULT CDialog::OnSysCommand(WPARAM wParam, LPARAM) {
     if (wParam == SC_CLOSE)
         OnCancel();
     return 0;
+}
+
+bool AfxRunKeptDialog(const CWnd* owner, std::unique_ptr<CDialog> dialog, CDialog::Ended onEnded) {
+    CDialog* running = dialog.get();
+    const auto ended = [running, onEnded = std::move(onEnded)](int result) {
+        if (onEnded)
+            onEnded(result);
+        AfxReleaseOwnedWindow(running);
+    };
+    if (running->DoModal(ended) != 0)
+        return false;
+    AfxKeepOwnedWindow(owner, std::move(dialog));
+    return true;
 }
 
 void DDX_Control(CDataExchange* exchange, int id, CWnd& control) {

@@ -5,6 +5,7 @@
 #include "MFCView0.h"
 #include "MessagePump.h"
 #include "PostedMessageRing.h"
+#include "WinControlIds.h"
 
 #include <algorithm>
 #include <vector>
@@ -17,8 +18,11 @@ std::vector<CFrameWnd*>& AttachedFrames() {
     return frames;
 }
 
+// The box stays up after the call returns, kept for the window it belongs to; it goes when
+// read or with that window.
 int ShowMessageBoxDialog(const char* text) {
-    return CMessageBoxDlg(text).DoModal();
+    AfxRunKeptDialog(AfxGetMainWnd(), std::make_unique<CMessageBoxDlg>(text), nullptr);
+    return IDOK;
 }
 
 // While a host window is open, messages are shown as dialogs.

@@ -61,10 +61,6 @@ void CHeadlessDriver::PumpFor(int ms) {
     AfxPumpMessages();
 }
 
-void CHeadlessDriver::WhileModal(std::function<void()> step) {
-    m_platform->QueueStep(std::move(step));
-}
-
 CPoint CHeadlessDriver::ToScreen(CWnd* wnd, CPoint point) const {
     wnd->ClientToScreen(&point);
     return point;

@@ -10,7 +10,6 @@
 #include "headless/HeadlessPlatform.h"
 
 #include <cairo.h>
-#include <functional>
 #include <memory>
 
 class CWnd;
@@ -31,8 +30,6 @@ public:
     void Pump();
     // Pumps for about this long (for timers).
     void PumpFor(int ms);
-    // Runs the step from the next pump on: input for a menu or dialog loop that is running.
-    void WhileModal(std::function<void()> step);
 
     // Input at a point in the window's client coordinates.
     void Press(CWnd* wnd, CPoint point);

@@ -60,8 +60,8 @@ int CMenu::CheckMenuItem(UINT item, UINT flags) {
     return previous;
 }
 
-bool CMenu::TrackPopupMenu(UINT, int x, int y, CWnd* owner, const RECT*) {
+bool CMenu::TrackPopupMenu(UINT, int x, int y, CWnd* owner, const RECT*, MenuClosed onClosed) {
     if (!m_menu || !owner)
         return false;
-    return MenuPopUpMenuNS(*m_menu, -1, x, y, owner->GetSafeHwnd(), owner);
+    return MenuPopUpMenuNS(*m_menu, -1, x, y, owner->GetSafeHwnd(), owner, std::move(onClosed));
 }

@@ -38,10 +38,14 @@ public:
     int EnableMenuItem(UINT item, UINT flags);
     int CheckMenuItem(UINT item, UINT flags);
 
-    // Shows the menu at (x, y) in the owner's client coordinates and returns when it
-    // closes: true when an item was chosen, which has then already reached the owner as a
-    // command. Flags and rectangle are not used.
-    bool TrackPopupMenu(UINT flags, int x, int y, CWnd* owner, const RECT* rect = nullptr);
+    // Shows the menu at (x, y) in the owner's client coordinates. Unlike the Win32 call it
+    // returns at once, true when the menu is shown, and does not wait for the choice: no
+    // nested loop may run inside a Linux host's call. Once the menu has closed, a chosen
+    // item reaches the owner as a command, and then onClosed is told whether one was
+    // chosen; neither happens if the owner is destroyed first. This CMenu may go as soon as
+    // the call returns. Flags and rectangle are not used.
+    bool TrackPopupMenu(UINT flags, int x, int y, CWnd* owner, const RECT* rect = nullptr,
+                        MenuClosed onClosed = nullptr);
 
 private:
     NativeMenuItem* Find(UINT item, UINT flags);

@@ -3,6 +3,7 @@
 #include "MFCView0.h"
 #include "MFCWindow.h"
 #include "MessagePump.h"
+#include "OwnedWindows.h"
 #include "PostedMessageRing.h"
 #include "WinMessages.h"
 #include "WinStyles.h"
@@ -165,6 +166,7 @@ bool CWnd::DestroyWindow() {
     m_bDestroying = true;
     if (pCaptureWnd == this)
         pCaptureWnd = nullptr;
+    AfxDestroyWindowsOwnedBy(this);
     DestroyChild();
     SendMessage(WM_DESTROY, 0, 0);
     DetachView();

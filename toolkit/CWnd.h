@@ -150,10 +150,6 @@ public:
     virtual bool OnInitDialog();
     virtual void DoDataExchange(CDataExchange* exchange);
     bool UpdateData(bool saveAndValidate = true);
-    virtual bool ContinueModal();
-    virtual void EndModalLoop(int result);
-    // Runs a nested loop until EndModalLoop; returns its result.
-    int RunModalLoop();
     virtual bool IsFrameWnd() const { return false; }
 
     // Base handlers that derived handlers call at their end.
@@ -222,8 +218,6 @@ private:
     DWORD m_dwExStyle = 0;
     CString m_windowText;
     std::vector<CWnd*> m_children;
-    bool m_modalRunning = false;
-    int m_modalResult = 0;
 };
 
 // Sends with a null check: a null target yields 0 and nothing happens.

@@ -174,19 +174,3 @@ bool CWnd::UpdateData(bool saveAndValidate) {
     DoDataExchange(&exchange);
     return !exchange.Failed();
 }
-
-bool CWnd::ContinueModal() {
-    return m_modalRunning && HasView();
-}
-
-void CWnd::EndModalLoop(int result) {
-    m_modalResult = result;
-    m_modalRunning = false;
-}
-
-int CWnd::RunModalLoop() {
-    m_modalRunning = true;
-    AfxRunModalLoop([this] { return ContinueModal(); });
-    m_modalRunning = false;
-    return m_modalResult;
-}

@@ -14,10 +14,6 @@
 
 namespace {
 
-// How long a modal loop sleeps at most between looks at the queue, which other threads fill
-// without waking it.
-constexpr int kModalPollMs = 5;
-
 // An X display when there is one; without, windows live in memory (off-screen rendering).
 std::shared_ptr<native::NativePlatform> OpenDefaultPlatform() {
     if (auto display = native::OpenX11Platform())
@@ -61,6 +57,26 @@ void DeliverQueuedWork() {
     }
 }
 
+struct LaterCall {
+    std::uint64_t viewSerial;
+    std::function<void()> call;
+};
+
+std::vector<LaterCall>& LaterCalls() {
+    static std::vector<LaterCall> calls;
+    return calls;
+}
+
+// Only the calls present now: one that asks for another waits for the next pump.
+void RunLaterCalls() {
+    std::vector<LaterCall> due;
+    due.swap(LaterCalls());
+    for (LaterCall& later : due) {
+        if (MFCView0::FromSerial(later.viewSerial))
+            later.call();
+    }
+}
+
 } // namespace
 
 void AfxSetPlatformFactory(PlatformFactory factory) {
@@ -90,6 +106,7 @@ void AfxForEachPlatform(const std::function<void(native::NativePlatform&)>& func
 void AfxPumpMessages() {
     AfxForEachPlatform([](native::NativePlatform& platform) { platform.ProcessEvents(); });
     DeliverQueuedWork();
+    RunLaterCalls();
     MFCView0::DisplayAllPending();
 }
 
@@ -106,11 +123,7 @@ void AfxWaitForWork(int timeoutMs) {
         platform->WaitForEvents(share);
 }
 
-void AfxRunModalLoop(const std::function<bool()>& continueModal) {
-    while (continueModal()) {
-        AfxPumpMessages();
-        if (!continueModal())
-            break;
-        AfxWaitForWork(kModalPollMs);
-    }
+void AfxCallLater(const CWnd* window, std::function<void()> call) {
+    if (const MFCView0* view = window ? window->GetSafeHwnd() : nullptr)
+        LaterCalls().push_back({view->Serial(), std::move(call)});
 }

@@ -1,12 +1,16 @@
 // The main thread's work outside message handlers: native events, posted messages, timer
-// ticks and painting. The host's idle call, the fallback driver and every modal loop (menus,
-// dialogs) run it.
+// ticks, calls put off until no handler is on the stack, and painting. The host's idle call
+// and the fallback driver run it. No menu or dialog runs a loop of its own: on Linux every
+// window has its own display connection, and nothing of the host runs while a plug-in
+// loops inside a host call, so the host would freeze until the menu or dialog closed.
 #pragma once
 
 #include "NativePlatform.h"
 
 #include <functional>
 #include <memory>
+
+class CWnd;
 
 using PlatformFactory = std::function<std::shared_ptr<native::NativePlatform>()>;
 
@@ -19,10 +23,12 @@ std::shared_ptr<native::NativePlatform> AfxDefaultPlatform();
 // Calls the function for every platform still open.
 void AfxForEachPlatform(const std::function<void(native::NativePlatform&)>& function);
 
-// Delivers pending native events, then the queued posts and ticks present now, then paints
-// every view with a pending area. Never blocks.
+// Delivers pending native events, then the queued posts and ticks present now, then the
+// calls put off, then paints every view with a pending area. Never blocks.
 void AfxPumpMessages();
 // Blocks until native input may be waiting, work is queued, or the time is up.
 void AfxWaitForWork(int timeoutMs);
-// Runs the pump until the condition turns false.
-void AfxRunModalLoop(const std::function<bool()>& continueModal);
+// Runs the call at the next pump, after the handler on the stack has returned, so that it
+// may destroy the window whose handler asked for it (a menu or dialog reporting its end).
+// Dropped if the window is destroyed first. Main thread only.
+void AfxCallLater(const CWnd* window, std::function<void()> call);

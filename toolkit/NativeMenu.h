@@ -6,6 +6,7 @@
 #include "CString.h"
 #include "WinTypes.h"
 
+#include <functional>
 #include <memory>
 #include <vector>
 
@@ -46,6 +47,13 @@ using HMENU = NativeMenu*;
 std::unique_ptr<NativeMenu> MenuCreateNS(CMenu* owner);
 void AppendMenuItemNS(NativeMenu& menu, const char* utf8Title, UINT tag, bool enabled, bool checked,
                       bool separator);
+// Told whether an item was chosen, once the menu has closed.
+using MenuClosed = std::function<void(bool chosen)>;
+
 // Shows the menu with the item at index (none for -1) at (x, y) in the view's coordinates,
-// the owner receiving its messages; true when an item was chosen.
-bool MenuPopUpMenuNS(NativeMenu& menu, int index, int x, int y, MFCView0* view, CWnd* owner);
+// the owner receiving its messages, and returns: false when it cannot be shown. The menu's
+// items are copied, so the menu itself may go at once. Once it has closed, the chosen item
+// reaches the owner as a command and then onClosed runs, both from a later pump and only
+// while the owner lives.
+bool MenuPopUpMenuNS(NativeMenu& menu, int index, int x, int y, MFCView0* view, CWnd* owner,
+                     MenuClosed onClosed);

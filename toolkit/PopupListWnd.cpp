@@ -3,6 +3,7 @@
 #include "CPaintDC.h"
 #include "MFCView0.h"
 #include "MessagePump.h"
+#include "OwnedWindows.h"
 #include "ToolkitTheme.h"
 #include "WinStyles.h"
 #include "platform/KeyCodes.h"
@@ -18,7 +19,8 @@ constexpr int kScrollBarWidth = 8;
 constexpr int kScreenMargin = 4;
 constexpr int kBorder = 1;
 
-PopupListWnd* g_activeList = nullptr;
+// Open lists, in the order they opened.
+std::vector<PopupListWnd*> g_openLists;
 
 } // namespace
 
@@ -31,13 +33,30 @@ ON_WM_KEYDOWN()
 ON_MESSAGE(WM_MOUSEWHEEL, OnMouseWheel)
 END_MESSAGE_MAP()
 
-PopupListWnd::PopupListWnd(std::vector<PopupListItem> items, Layout layout)
-    : m_items(std::move(items)), m_layout(layout) {
+PopupListWnd::PopupListWnd(std::vector<PopupListItem> items, Layout layout, Closed onClosed)
+    : m_items(std::move(items)), m_layout(layout), m_onClosed(std::move(onClosed)) {
     SetBackgroundColor(theme::kWindow);
 }
 
+PopupListWnd::~PopupListWnd() {
+    g_openLists.erase(std::remove(g_openLists.begin(), g_openLists.end(), this), g_openLists.end());
+    DestroyWindow();
+}
+
 PopupListWnd* PopupListWnd::Active() {
-    return g_activeList;
+    return g_openLists.empty() ? nullptr : g_openLists.back();
+}
+
+bool PopupListWnd::Open(std::vector<PopupListItem> items, Layout layout, CWnd* owner,
+                        CPoint screenPoint, int minWidth, int alignItem, int highlighted,
+                        Closed onClosed) {
+    std::unique_ptr<PopupListWnd> list(
+        new PopupListWnd(std::move(items), layout, std::move(onClosed)));
+    if (!list->Show(owner, screenPoint, minWidth, alignItem, highlighted))
+        return false;
+    g_openLists.push_back(list.get());
+    AfxKeepOwnedWindow(owner, std::move(list));
+    return true;
 }
 
 void PopupListWnd::Measure(const RECT& screen, int minWidth) {
@@ -69,10 +88,10 @@ bool PopupListWnd::HasScrollBar() const {
     return m_layout == Layout::Scrolling && m_visibleRows < static_cast<int>(m_items.size());
 }
 
-int PopupListWnd::Track(CWnd* owner, CPoint screenPoint, int minWidth, int alignItem,
+bool PopupListWnd::Show(CWnd* owner, CPoint screenPoint, int minWidth, int alignItem,
                         int highlighted) {
     if (!owner || !owner->GetSafeHwnd())
-        return -1;
+        return false;
     m_listFont.CopyFrom(*owner->GetFont());
     const RECT screen = owner->GetSafeHwnd()->Platform()->ScreenBounds();
     Measure(screen, minWidth);
@@ -90,22 +109,13 @@ int PopupListWnd::Track(CWnd* owner, CPoint screenPoint, int minWidth, int align
     at.y = std::max(at.y, static_cast<int>(screen.top) + kScreenMargin);
 
     if (!CreateEx(0, nullptr, "", WS_POPUP, at.x, at.y, width, height, owner->GetSafeHwnd(), 0))
-        return -1;
+        return false;
     m_hot = Selectable(highlighted) ? highlighted : -1;
     if (m_hot >= 0)
         EnsureVisible(m_hot);
     ShowWindow(SW_SHOW);
     GetSafeHwnd()->GrabInput();
-
-    m_outer = g_activeList;
-    g_activeList = this;
-    AfxRunModalLoop([this] { return !m_done && GetSafeHwnd() != nullptr; });
-    g_activeList = m_outer;
-
-    if (GetSafeHwnd())
-        GetSafeHwnd()->ReleaseInput();
-    DestroyWindow();
-    return m_result;
+    return true;
 }
 
 CRect PopupListWnd::ItemRect(int index) const {
@@ -196,9 +206,26 @@ void PopupListWnd::EnsureVisible(int index) {
         ScrollTo(index - m_visibleRows + 1);
 }
 
+// The list leaves the screen and lets go of the pointer at once; it is told and destroyed
+// once the handler that ended it has returned.
 void PopupListWnd::Finish(int result) {
+    if (m_done)
+        return;
     m_result = result;
     m_done = true;
+    if (GetSafeHwnd())
+        GetSafeHwnd()->ReleaseInput();
+    ShowWindow(SW_HIDE);
+    g_openLists.erase(std::remove(g_openLists.begin(), g_openLists.end(), this), g_openLists.end());
+    AfxCallLater(this, [this] { Close(); });
+}
+
+void PopupListWnd::Close() {
+    const Closed onClosed = std::move(m_onClosed);
+    const int result = m_result;
+    AfxReleaseOwnedWindow(this);
+    if (onClosed)
+        onClosed(result);
 }
 
 void PopupListWnd::OnPaint() {

@@ -1,12 +1,14 @@
 // A list that pops up above everything, for menus and drop-down lists: drawn by the
-// toolkit, driven by mouse and keyboard, with a loop of its own until an item is chosen or
-// the list is dismissed (a click outside it, Escape). A list too long for the screen is
-// laid out in columns or scrolls. Made on the stack by whoever shows it.
+// toolkit, driven by mouse and keyboard, open until an item is chosen or the list is
+// dismissed (a click outside it, Escape). A list too long for the screen is laid out in
+// columns or scrolls. Opening returns at once; the toolkit keeps the list for its owner
+// window and reports how it ended from a later pump.
 #pragma once
 
 #include "CFont.h"
 #include "CWnd.h"
 
+#include <functional>
 #include <vector>
 
 struct PopupListItem {
@@ -21,14 +23,19 @@ public:
     enum class Layout { Columns, Scrolling };
     static constexpr int kMaxScrollingRows = 12;
 
-    PopupListWnd(std::vector<PopupListItem> items, Layout layout);
+    // Told the chosen index, or -1 when the list was dismissed.
+    using Closed = std::function<void(int chosen)>;
 
     // Shows the list with its top-left corner at the screen point (moved to stay on the
-    // screen), the item alignItem at that point when it is not -1, at least minWidth wide;
-    // returns the chosen index or -1.
-    int Track(CWnd* owner, CPoint screenPoint, int minWidth, int alignItem, int highlighted);
-    // The list being tracked now, if any (innermost).
+    // screen), the item alignItem at that point when it is not -1, at least minWidth wide,
+    // and returns: false when it cannot be shown. Once the list has closed, onClosed runs
+    // from the pump, unless the owner was destroyed first, which takes the list with it.
+    static bool Open(std::vector<PopupListItem> items, Layout layout, CWnd* owner,
+                     CPoint screenPoint, int minWidth, int alignItem, int highlighted,
+                     Closed onClosed);
+    // The list opened last of those open now, if any.
     static PopupListWnd* Active();
+    ~PopupListWnd() override;
 
     int GetHighlighted() const { return m_hot; }
     // Client rectangle of an item (visible or not, in scrolled coordinates).
@@ -48,6 +55,9 @@ protected:
     DECLARE_MESSAGE_MAP()
 
 private:
+    PopupListWnd(std::vector<PopupListItem> items, Layout layout, Closed onClosed);
+    bool Show(CWnd* owner, CPoint screenPoint, int minWidth, int alignItem, int highlighted);
+    void Close();
     void Measure(const RECT& screen, int minWidth);
     int HitTest(CPoint point) const;
     bool Selectable(int index) const;
@@ -72,8 +82,8 @@ private:
     int m_hot = -1;
     int m_result = -1;
     bool m_done = false;
+    Closed m_onClosed;
     bool m_armed = false;
     bool m_draggingThumb = false;
     int m_thumbGrab = 0;
-    PopupListWnd* m_outer = nullptr;
 };

@@ -74,24 +74,32 @@ protected:
         return kEntryLayout[0];
     }
 
-    // Runs the step while the copy menu is open.
-    void WithCopyMenu(std::function<void(PopupListWnd&)> step) {
-        driver.WhileModal([step] {
-            PopupListWnd* menu = PopupListWnd::Active();
-            ASSERT_NE(menu, nullptr);
-            step(*menu);
-        });
+    // The copy menu, open after the click has returned.
+    PopupListWnd* OpenCopyMenu() {
         Click(kCopyButtonLayout.rect);
+        return PopupListWnd::Active();
     }
 
-    // Runs the step while the save dialog is open.
-    void WithSaveDialog(std::function<void(CPresetSaveDlg&)> step) {
-        driver.WhileModal([step] {
-            auto* dialog = dynamic_cast<CPresetSaveDlg*>(CWnd::GetFocus()->GetParent());
-            ASSERT_NE(dialog, nullptr);
-            step(*dialog);
-        });
+    // The save dialog, open after the click has returned.
+    CPresetSaveDlg* OpenSaveDialog() {
         Click(kSaveButtonRect);
+        CWnd* focus = CWnd::GetFocus();
+        return focus ? dynamic_cast<CPresetSaveDlg*>(focus->GetParent()) : nullptr;
+    }
+
+    // Works the open menu with the step; its end is reported at the next pump.
+    void WithCopyMenu(const std::function<void(PopupListWnd&)>& step) {
+        PopupListWnd* menu = OpenCopyMenu();
+        ASSERT_NE(menu, nullptr);
+        step(*menu);
+        driver.Pump();
+    }
+
+    void WithSaveDialog(const std::function<void(CPresetSaveDlg&)>& step) {
+        CPresetSaveDlg* dialog = OpenSaveDialog();
+        ASSERT_NE(dialog, nullptr);
+        step(*dialog);
+        driver.Pump();
     }
 
     std::string BankFile() { return ReadWholeFile(preferences / "ZephyraDef.fxb"); }
@@ -269,19 +277,77 @@ TEST_F(PanelInteraction, TheCopyMenuDoesNotOfferTheCurrentProgram) {
     effect.setParameter(kParamGain1, 0.2f);
     Idle();
     host.calls.clear();
-    driver.WhileModal([this] {
-        PopupListWnd* menu = PopupListWnd::Active();
-        ASSERT_NE(menu, nullptr);
-        driver.Click(menu, menu->ItemRect(2).CenterPoint());
+    WithCopyMenu([this](PopupListWnd& menu) {
+        driver.Click(&menu, menu.ItemRect(2).CenterPoint());
+        driver.Pump();
+        ASSERT_EQ(PopupListWnd::Active(), &menu)
+            << "still open after a click on the current program";
+        driver.Click(&menu, menu.ItemRect(3).CenterPoint());
     });
-    driver.WhileModal([this] {
-        PopupListWnd* menu = PopupListWnd::Active();
-        ASSERT_NE(menu, nullptr) << "still open after a click on the current program";
-        driver.Click(menu, menu->ItemRect(3).CenterPoint());
-    });
-    Click(kCopyButtonLayout.rect);
     EXPECT_EQ(host.Count(kUpdateDisplay), 1u) << "one copy";
     EXPECT_FLOAT_EQ(effect.getParameter(kParamGain1), 0.9f);
+}
+
+// The host goes on while the menu is open: its idle calls return, it automates and
+// changes programs, and the choice then copies into the program current at that time.
+TEST_F(PanelInteraction, TheHostGoesOnWhileTheCopyMenuIsOpen) {
+    effect.setProgram(3);
+    effect.setParameter(kParamGain1, 0.9f);
+    effect.setProgram(0);
+    Idle();
+    PopupListWnd* menu = OpenCopyMenu();
+    ASSERT_NE(menu, nullptr);
+    Idle();
+    Dispatch(effSetProgram, 0, 1);
+    effect.setParameter(kParamQ1, 0.3f);
+    Idle();
+    EXPECT_EQ(PopupListWnd::Active(), menu) << "still open";
+    driver.Click(menu, menu->ItemRect(3).CenterPoint());
+    Idle();
+    EXPECT_EQ(effect.getProgram(), 1);
+    EXPECT_FLOAT_EQ(effect.getParameter(kParamGain1), 0.9f);
+    EXPECT_FALSE(Panel().CopyButton().GetValue());
+}
+
+// The host closes the editor, or the whole effect, with the menu or the dialog open: they
+// go with it and nothing they would have done is done.
+TEST_F(PanelInteraction, ClosingTheEditorTakesAnOpenMenuOrDialogAlongUnapplied) {
+    effect.setProgram(3);
+    effect.setParameter(kParamGain1, 0.9f);
+    effect.setProgram(0);
+    effect.setParameter(kParamGain1, 0.1f);
+    Idle();
+    PopupListWnd* menu = OpenCopyMenu();
+    ASSERT_NE(menu, nullptr);
+    driver.Click(menu, menu->ItemRect(3).CenterPoint());
+    Dispatch(effEditClose);
+    EXPECT_EQ(PopupListWnd::Active(), nullptr);
+    driver.Pump();
+    EXPECT_FLOAT_EQ(effect.getParameter(kParamGain1), 0.1f) << "the choice was not applied";
+
+    Open();
+    ASSERT_NE(OpenSaveDialog(), nullptr);
+    driver.Key(kKeyReturn, kCharReturn);
+    Dispatch(effEditClose);
+    EXPECT_EQ(CWnd::GetFocus(), nullptr) << "the dialog has gone";
+    driver.Pump();
+    EXPECT_TRUE(BankFile().empty()) << "nothing saved";
+}
+
+TEST_F(PanelInteraction, ClosingTheEffectWithTheSaveDialogOpenIsSafe) {
+    Dispatch(effEditClose);
+    auto* closing = new AZephyra(RecordingHost::Callback, CZephyraEditor::Make);
+    AEffect* record = closing->getAeffect();
+    record->dispatcher(record, effEditOpen, 0, 0, hostWindow, 0.0f);
+    record->dispatcher(record, effEditIdle, 0, 0, nullptr, 0.0f);
+    auto* editor = static_cast<CZephyraEditor*>(closing->getEditor());
+    driver.Click(editor->GetUIWindow(), CRect(kSaveButtonRect).CenterPoint());
+    ASSERT_NE(CWnd::GetFocus(), nullptr) << "the dialog is open";
+    driver.Key(kKeyReturn, kCharReturn);
+    record->dispatcher(record, effClose, 0, 0, nullptr, 0.0f);
+    EXPECT_EQ(CWnd::GetFocus(), nullptr);
+    driver.Pump();
+    EXPECT_TRUE(BankFile().empty()) << "nothing saved";
 }
 
 TEST_F(PanelInteraction, TheSaveDialogListsTheProgramsAndOffersTheCurrentName) {

@@ -269,17 +269,16 @@ TEST_F(ComboTest, UserChoiceFromTheDropDownNotifiesSelectionChange) {
         entry.Format("%d:Program", i + 1);
         list.AddString(entry);
     }
-    CRect listRect;
-    int firstVisible = -1;
-    driver.WhileModal([&] {
-        PopupListWnd* open = PopupListWnd::Active();
-        ASSERT_NE(open, nullptr);
-        open->GetWindowRect(&listRect);
-        driver.Key(kKeyEnd, 0);
-        firstVisible = open->GetFirstVisible();
-        driver.Key(kKeyReturn, kCharReturn);
-    });
     driver.Click(&list, CPoint(30, 10));
+    PopupListWnd* open = PopupListWnd::Active();
+    ASSERT_NE(open, nullptr);
+    CRect listRect;
+    open->GetWindowRect(&listRect);
+    driver.Key(kKeyEnd, 0);
+    const int firstVisible = open->GetFirstVisible();
+    driver.Key(kKeyReturn, kCharReturn);
+    EXPECT_TRUE(Notifications(kList).empty()) << "told once the list has closed";
+    driver.Pump();
     CRect comboRect;
     list.GetWindowRect(&comboRect);
     EXPECT_GT(listRect.top, comboRect.bottom - 1) << "the list opens below";

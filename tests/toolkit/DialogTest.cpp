@@ -13,6 +13,8 @@
 
 #include <gtest/gtest.h>
 
+#include <memory>
+
 namespace {
 
 constexpr UINT kTemplate = 5901;
@@ -102,119 +104,136 @@ protected:
         HostFixture::TearDown();
     }
 
-    void Step(std::function<void()> step) { driver.WhileModal(std::move(step)); }
+    // Starts the dialog; it is running once the call has returned.
+    void Start(SaveDialog& shown) {
+        ASSERT_EQ(shown.DoModal([this](int result) { results.push_back(result); }), 0);
+    }
+    void Start() { Start(dialog); }
+    // What the dialogs reported once the pump has run.
+    std::vector<int> Ended() {
+        driver.Pump();
+        return results;
+    }
     CWnd* Item(int id) { return dialog.GetDlgItem(id); }
 
     RecordingWnd panel;
     SaveDialog dialog{&panel};
+    std::vector<int> results;
 };
 
 TEST_F(DialogTest, OkButtonEndsWithIdOkAfterReadingTheControls) {
-    Step([this] { driver.Click(Item(IDOK), CPoint(10, 10)); });
-    EXPECT_EQ(dialog.DoModal(), IDOK);
+    Start();
+    EXPECT_NE(dialog.GetSafeHwnd(), nullptr) << "running after DoModal has returned";
+    driver.Click(Item(IDOK), CPoint(10, 10));
+    EXPECT_TRUE(results.empty()) << "told only after the handler has returned";
+    EXPECT_EQ(Ended(), std::vector<int>{IDOK});
     EXPECT_EQ(dialog.chosen, 1);
     EXPECT_EQ(dialog.name, "initial");
-    EXPECT_EQ(dialog.GetSafeHwnd(), nullptr) << "the dialog is gone after DoModal";
+    EXPECT_EQ(dialog.GetSafeHwnd(), nullptr) << "the dialog is gone once it has reported";
 }
 
-TEST_F(DialogTest, CancelButtonEndsWithoutOnOk) {
-    Step([this] { driver.Click(Item(IDCANCEL), CPoint(10, 10)); });
-    EXPECT_EQ(dialog.DoModal(), IDCANCEL);
+TEST_F(DialogTest, CancelButtonCloseBoxAndEscapeEndWithoutOnOk) {
+    Start();
+    driver.Click(Item(IDCANCEL), CPoint(10, 10));
+    EXPECT_EQ(Ended(), std::vector<int>{IDCANCEL});
+    Start();
+    driver.Click(&dialog, CPoint(306, 14));
+    EXPECT_EQ(Ended(), (std::vector<int>{IDCANCEL, IDCANCEL}));
+    Start();
+    driver.Key(kKeyEscape, kCharEscape);
+    EXPECT_EQ(Ended(), (std::vector<int>{IDCANCEL, IDCANCEL, IDCANCEL}));
     EXPECT_EQ(dialog.chosen, -2);
 }
 
-TEST_F(DialogTest, ReturnMeansOkAndEscapeMeansCancel) {
-    Step([this] { driver.Key(kKeyReturn, kCharReturn); });
-    EXPECT_EQ(dialog.DoModal(), IDOK);
-    SaveDialog second(&panel);
-    Step([this] { driver.Key(kKeyEscape, kCharEscape); });
-    EXPECT_EQ(second.DoModal(), IDCANCEL);
-}
-
-TEST_F(DialogTest, CloseBoxCancels) {
-    Step([this] { driver.Click(&dialog, CPoint(306, 14)); });
-    EXPECT_EQ(dialog.DoModal(), IDCANCEL);
+TEST_F(DialogTest, ReturnMeansOkAndAnEndIsReportedOnce) {
+    Start();
+    driver.Key(kKeyReturn, kCharReturn);
+    driver.Key(kKeyEscape, kCharEscape);
+    EXPECT_EQ(Ended(), std::vector<int>{IDOK});
 }
 
 TEST_F(DialogTest, OwnerIsDisabledOnlyWhileTheDialogRuns) {
-    Step([this] {
-        driver.Click(&panel, CPoint(5, 5));
-        driver.Key(kKeyEscape, kCharEscape);
-    });
-    dialog.DoModal();
+    Start();
+    driver.Click(&panel, CPoint(5, 5));
+    driver.Key(kKeyEscape, kCharEscape);
+    Ended();
     EXPECT_TRUE(dialog.ownerDisabledDuringInit);
     EXPECT_TRUE(panel.Only(WM_LBUTTONDOWN).empty()) << "clicks on the owner are dropped";
     EXPECT_TRUE(panel.IsWindowEnabled());
 }
 
+// The editor closing while its dialog is open: the dialog goes without reporting, and its
+// owner is not touched once it has gone.
+TEST_F(DialogTest, DestroyedWhileRunningReportsNothing) {
+    auto running = std::make_unique<SaveDialog>(&panel);
+    Start(*running);
+    driver.Key(kKeyReturn, kCharReturn);
+    running.reset();
+    EXPECT_TRUE(Ended().empty());
+    EXPECT_TRUE(panel.IsWindowEnabled());
+}
+
 TEST_F(DialogTest, BoundListIsTheDialogsControl) {
-    CWnd* boundItem = nullptr;
-    Step([&] {
-        boundItem = Item(kList);
-        driver.Key(kKeyEscape, kCharEscape);
-    });
-    dialog.DoModal();
-    EXPECT_EQ(boundItem, &dialog.list);
+    Start();
+    EXPECT_EQ(Item(kList), &dialog.list);
 }
 
 TEST_F(DialogTest, ChoosingFromTheListNotifiesTheDialog) {
-    Step([this] { driver.Click(&dialog.list, CPoint(20, 10)); });
-    Step([this] {
-        PopupListWnd* open = PopupListWnd::Active();
-        ASSERT_NE(open, nullptr);
-        driver.Click(open, open->ItemRect(2).CenterPoint());
-    });
-    Step([this] { driver.Click(Item(IDOK), CPoint(10, 10)); });
-    EXPECT_EQ(dialog.DoModal(), IDOK);
+    Start();
+    driver.Click(&dialog.list, CPoint(20, 10));
+    PopupListWnd* open = PopupListWnd::Active();
+    ASSERT_NE(open, nullptr);
+    driver.Click(open, open->ItemRect(2).CenterPoint());
+    driver.Pump();
     EXPECT_EQ(dialog.selectionChanges, 1);
+    driver.Click(Item(IDOK), CPoint(10, 10));
+    EXPECT_EQ(Ended(), std::vector<int>{IDOK});
     EXPECT_EQ(dialog.chosen, 2);
     EXPECT_EQ(dialog.name, "3:Program 3") << "the handler replaced the typed name";
 }
 
 TEST_F(DialogTest, TabMovesBetweenControlsAndTypingGoesToTheField) {
+    Start();
+    const std::vector<CWnd*> expected = {&dialog.list, Item(kName),  Item(IDCANCEL),
+                                         Item(IDOK),   &dialog.list, Item(IDOK)};
     std::vector<CWnd*> focusSeen;
-    std::vector<CWnd*> expected;
-    Step([&] {
-        expected = {&dialog.list, Item(kName),  Item(IDCANCEL),
-                    Item(IDOK),   &dialog.list, Item(IDOK)};
-        focusSeen.push_back(CWnd::GetFocus());
+    focusSeen.push_back(CWnd::GetFocus());
+    driver.Key(kKeyTab, kCharTab);
+    focusSeen.push_back(CWnd::GetFocus());
+    driver.Type("Warm");
+    for (int i = 0; i < 3; ++i) {
         driver.Key(kKeyTab, kCharTab);
         focusSeen.push_back(CWnd::GetFocus());
-        driver.Type("Warm");
-        for (int i = 0; i < 3; ++i) {
-            driver.Key(kKeyTab, kCharTab);
-            focusSeen.push_back(CWnd::GetFocus());
-        }
-        driver.SetModifiers(kModifierShift);
-        driver.Key(kKeyTab, kCharTab);
-        driver.SetModifiers(0);
-        focusSeen.push_back(CWnd::GetFocus());
-        driver.Key(kKeyReturn, kCharReturn);
-    });
-    EXPECT_EQ(dialog.DoModal(), IDOK);
+    }
+    driver.SetModifiers(kModifierShift);
+    driver.Key(kKeyTab, kCharTab);
+    driver.SetModifiers(0);
+    focusSeen.push_back(CWnd::GetFocus());
+    driver.Key(kKeyReturn, kCharReturn);
+    EXPECT_EQ(Ended(), std::vector<int>{IDOK});
     EXPECT_EQ(focusSeen, expected);
     EXPECT_EQ(dialog.name, "Warm") << "Tab selects the field's text, typing replaces it";
 }
 
 TEST_F(DialogTest, ReturnOnAFocusedCancelButtonPressesIt) {
-    Step([this] {
-        Item(IDCANCEL)->SetFocus();
-        driver.Key(kKeyReturn, kCharReturn);
-    });
-    EXPECT_EQ(dialog.DoModal(), IDCANCEL);
+    Start();
+    Item(IDCANCEL)->SetFocus();
+    driver.Key(kKeyReturn, kCharReturn);
+    EXPECT_EQ(Ended(), std::vector<int>{IDCANCEL});
 }
 
 TEST_F(DialogTest, MissingLayoutFailsWithMinusOne) {
     CDialog unknown(5999, &panel);
     testing::internal::CaptureStdout();
-    EXPECT_EQ(unknown.DoModal(), -1);
+    EXPECT_EQ(unknown.DoModal(nullptr), -1);
     EXPECT_EQ(testing::internal::GetCapturedStdout(), "CreateWindowFromNib Err: 2\n");
 }
 
 TEST_F(DialogTest, DoModalActivatesTheDialogWithTraces) {
-    Step([this] { driver.Key(kKeyEscape, kCharEscape); });
     testing::internal::CaptureStdout();
-    dialog.DoModal();
+    Start();
+    driver.Key(kKeyEscape, kCharEscape);
+    Ended();
     const std::string trace = testing::internal::GetCapturedStdout();
     char expected[64];
     std::snprintf(expected, sizeof expected, "PostMessage(%x,WM_ACTIVATE)\r\n",
@@ -229,38 +248,45 @@ TEST_F(DialogTest, FailedExchangeEndsTheDialogAtOnce) {
         CComboBox list;
         void DoDataExchange(CDataExchange* exchange) override { DDX_Control(exchange, 4242, list); }
     } broken(kTemplate, &panel);
-    EXPECT_EQ(broken.DoModal(), -1);
+    EXPECT_EQ(broken.DoModal([this](int result) { results.push_back(result); }), -1);
+    EXPECT_TRUE(Ended().empty());
     EXPECT_TRUE(panel.IsWindowEnabled());
 }
 
-TEST_F(DialogTest, MenuOpenedInsideAModalDialogStillDeliversItsCommand) {
+TEST_F(DialogTest, MenuOpenedWhileADialogRunsStillDeliversItsCommand) {
     CommandTarget receiver;
     ASSERT_TRUE(receiver.CreateChild(&frame, CRect(0, 0, 50, 50)));
-    Step([this, &receiver] {
-        CMenu menu;
-        menu.CreatePopupMenu();
-        menu.AppendMenu(MF_STRING, 1011, "copy");
-        driver.WhileModal([this] {
-            PopupListWnd* open = PopupListWnd::Active();
-            driver.Click(open, open->ItemRect(0).CenterPoint());
-        });
-        EXPECT_TRUE(menu.TrackPopupMenu(0, 0, 0, &receiver));
-        driver.Key(kKeyEscape, kCharEscape);
-    });
-    dialog.DoModal();
+    Start();
+    CMenu menu;
+    menu.CreatePopupMenu();
+    menu.AppendMenu(MF_STRING, 1011, "copy");
+    ASSERT_TRUE(menu.TrackPopupMenu(0, 0, 0, &receiver));
+    PopupListWnd* open = PopupListWnd::Active();
+    ASSERT_NE(open, nullptr);
+    driver.Click(open, open->ItemRect(0).CenterPoint());
+    driver.Pump();
     EXPECT_EQ(receiver.ids, std::vector<UINT>{1011});
+    EXPECT_NE(dialog.GetSafeHwnd(), nullptr) << "the dialog still runs";
 }
 
-TEST_F(DialogTest, MessageBoxShowsTheTextAndReturnsOk) {
-    Step([this] {
-        CWnd* box = CWnd::GetFocus();
-        ASSERT_NE(box, nullptr);
-        CString text;
-        box->GetParent()->GetDlgItemText(0xFFFF, text);
-        EXPECT_EQ(text, "The default bank file could not be written.");
-        driver.Key(kKeyReturn, kCharReturn);
-    });
+TEST_F(DialogTest, MessageBoxShowsTheTextReturnsAtOnceAndGoesWhenRead) {
     EXPECT_EQ(AfxMessageBox("The default bank file could not be written."), IDOK);
+    CWnd* field = CWnd::GetFocus();
+    ASSERT_NE(field, nullptr);
+    CWnd* box = field->GetParent();
+    CString text;
+    box->GetDlgItemText(0xFFFF, text);
+    EXPECT_EQ(text, "The default bank file could not be written.");
+    driver.Key(kKeyReturn, kCharReturn);
+    driver.Pump();
+    EXPECT_NE(CWnd::GetFocus(), field) << "the box has gone";
+}
+
+TEST_F(DialogTest, MessageBoxGoesWithTheWindowItWasShownFor) {
+    AfxMessageBox("shown while the editor closes");
+    ASSERT_NE(CWnd::GetFocus(), nullptr);
+    frame.SetNativeHandle(nullptr);
+    EXPECT_EQ(CWnd::GetFocus(), nullptr);
 }
 
 } // namespace

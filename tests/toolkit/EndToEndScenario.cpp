@@ -105,14 +105,20 @@ void PlayScenario(CFrameWnd& frame, ScenarioBackend& backend) {
     menu.CreatePopupMenu();
     for (UINT id = 1010; id < 1014; ++id)
         menu.AppendMenu(MF_STRING, id, "Program");
-    backend.KeysIntoNextLoop("Down Down Return", false);
-    EXPECT_TRUE(menu.TrackPopupMenu(0, 30, 30, &wnd));
+    std::vector<bool> menuClosed;
+    ASSERT_TRUE(menu.TrackPopupMenu(0, 30, 30, &wnd, nullptr,
+                                    [&](bool chosen) { menuClosed.push_back(chosen); }));
+    backend.KeysIntoOpenWindow("Down Down Return", false);
+    ASSERT_TRUE(backend.RunUntil([&] { return !menuClosed.empty(); }));
     EXPECT_EQ(wnd.commands, std::vector<UINT>{1011});
 
     // A dialog with a field: typed into, ended with Return.
     NameDialog dialog(&wnd);
-    backend.KeysIntoNextLoop("W a r m Return", true);
-    EXPECT_EQ(dialog.DoModal(), IDOK);
+    std::vector<int> dialogEnded;
+    ASSERT_EQ(dialog.DoModal([&](int result) { dialogEnded.push_back(result); }), 0);
+    backend.KeysIntoOpenWindow("W a r m Return", true);
+    ASSERT_TRUE(backend.RunUntil([&] { return !dialogEnded.empty(); }));
+    EXPECT_EQ(dialogEnded, std::vector<int>{IDOK});
     EXPECT_EQ(dialog.name, "Warm");
     EXPECT_TRUE(wnd.IsWindowEnabled());
 

@@ -32,8 +32,8 @@ public:
     virtual void Type(const char* text) = 0;
     virtual void PressReturn() = 0;
     // Sends the keys (xdotool key names, space separated) once the pop-up or dialog that
-    // the caller opens next is on screen, while its loop runs.
-    virtual void KeysIntoNextLoop(const char* keys, bool dialog) = 0;
+    // the caller has opened is on screen; RunUntil lets them arrive.
+    virtual void KeysIntoOpenWindow(const char* keys, bool dialog) = 0;
     // Runs the toolkit until the condition holds or a second has passed.
     virtual bool RunUntil(const std::function<bool()>& condition) = 0;
     // 0xRRGGBB of the window's pixel as the screen shows it.

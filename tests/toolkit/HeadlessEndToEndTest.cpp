@@ -15,17 +15,16 @@ public:
     void DoubleClick(CWnd* wnd, int x, int y) override { m_driver.DoubleClick(wnd, CPoint(x, y)); }
     void Type(const char* text) override { m_driver.Type(text); }
     void PressReturn() override { m_driver.Key(kKeyReturn, kCharReturn); }
-    void KeysIntoNextLoop(const char* keys, bool) override {
-        m_driver.WhileModal([this, names = std::string(keys)] {
-            std::size_t start = 0;
-            while (start < names.size()) {
-                std::size_t end = names.find(' ', start);
-                if (end == std::string::npos)
-                    end = names.size();
-                PressNamed(names.substr(start, end - start));
-                start = end + 1;
-            }
-        });
+    void KeysIntoOpenWindow(const char* keys, bool) override {
+        const std::string names(keys);
+        std::size_t start = 0;
+        while (start < names.size()) {
+            std::size_t end = names.find(' ', start);
+            if (end == std::string::npos)
+                end = names.size();
+            PressNamed(names.substr(start, end - start));
+            start = end + 1;
+        }
     }
     bool RunUntil(const std::function<bool()>& condition) override {
         m_driver.Pump();

@@ -47,59 +47,100 @@ protected:
         }
     }
 
-    // Clicks the item of the menu that is open at the next pump.
-    void ClickItemWhenOpen(int index) {
-        driver.WhileModal([this, index] {
-            PopupListWnd* list = PopupListWnd::Active();
-            ASSERT_NE(list, nullptr);
-            driver.Click(list, list->ItemRect(index).CenterPoint());
+    // Shows the menu and returns the list that is open once the call has returned; how it
+    // ends is recorded in closed (with the commands so far) at the next pump.
+    PopupListWnd* Track(CMenu& shown, int x = 5, int y = 5) {
+        const bool opened = shown.TrackPopupMenu(0, x, y, &owner, nullptr, [this](bool chosen) {
+            closed.push_back({chosen, owner.commands.size()});
         });
+        return opened ? PopupListWnd::Active() : nullptr;
     }
+
+    void ClickItem(PopupListWnd* list, int index) {
+        ASSERT_NE(list, nullptr);
+        driver.Click(list, list->ItemRect(index).CenterPoint());
+        driver.Pump();
+    }
+
+    struct Closed {
+        bool chosen;
+        std::size_t commandsBefore;
+        bool operator==(const Closed& other) const {
+            return chosen == other.chosen && commandsBefore == other.commandsBefore;
+        }
+    };
 
     MenuOwner owner;
     CMenu menu;
+    std::vector<Closed> closed;
 };
 
-TEST_F(MenuTest, ChosenItemArrivesAsCommandBeforeTrackReturns) {
-    ClickItemWhenOpen(2);
-    EXPECT_TRUE(menu.TrackPopupMenu(0, 30, 40, &owner));
+TEST_F(MenuTest, TrackReturnsWithTheMenuOpenAndTheChoiceArrivesBeforeTheEnd) {
+    PopupListWnd* list = Track(menu, 30, 40);
+    ASSERT_NE(list, nullptr) << "open after the call has returned";
+    EXPECT_TRUE(closed.empty());
+    ClickItem(list, 2);
     EXPECT_EQ(owner.commands, std::vector<UINT>{kFirstProgram + 2});
+    EXPECT_EQ(closed, (std::vector<Closed>{{true, 1}})) << "told once, after the command";
     EXPECT_EQ(PopupListWnd::Active(), nullptr);
 }
 
-TEST_F(MenuTest, ClickOutsideChoosesNothing) {
-    driver.WhileModal([this] { driver.Click(&owner, CPoint(190, 150)); });
-    EXPECT_FALSE(menu.TrackPopupMenu(0, 5, 5, &owner));
-    EXPECT_TRUE(owner.commands.empty());
+TEST_F(MenuTest, TheMenuObjectMayGoWhileItsMenuIsOpen) {
+    PopupListWnd* list = nullptr;
+    {
+        CMenu passing;
+        passing.CreatePopupMenu();
+        passing.AppendMenu(MF_STRING, kFirstProgram + 7, "eight");
+        list = Track(passing);
+    }
+    ClickItem(list, 0);
+    EXPECT_EQ(owner.commands, std::vector<UINT>{kFirstProgram + 7});
 }
 
-TEST_F(MenuTest, EscapeChoosesNothing) {
-    driver.WhileModal([this] { driver.Key(kKeyEscape, kCharEscape); });
-    EXPECT_FALSE(menu.TrackPopupMenu(0, 5, 5, &owner));
+TEST_F(MenuTest, ClickOutsideOrEscapeChoosesNothing) {
+    Track(menu);
+    driver.Click(&owner, CPoint(190, 150));
+    driver.Pump();
+    Track(menu);
+    driver.Key(kKeyEscape, kCharEscape);
+    driver.Pump();
     EXPECT_TRUE(owner.commands.empty());
+    EXPECT_EQ(closed, (std::vector<Closed>{{false, 0}, {false, 0}}));
+    EXPECT_EQ(PopupListWnd::Active(), nullptr);
+}
+
+// A host that closes the editor while its menu is open: the menu goes with its owner, and
+// nothing reaches the closed window.
+TEST_F(MenuTest, DestroyingTheOwnerTakesTheOpenMenuAlongUntold) {
+    PopupListWnd* list = Track(menu);
+    ASSERT_NE(list, nullptr);
+    driver.Key(kKeyDown, kCharDown);
+    driver.Key(kKeyReturn, kCharReturn);
+    owner.DestroyWindow();
+    EXPECT_EQ(PopupListWnd::Active(), nullptr);
+    driver.Pump();
+    EXPECT_TRUE(owner.commands.empty());
+    EXPECT_TRUE(closed.empty());
 }
 
 TEST_F(MenuTest, OpensAtThePointInTheOwnersClientCoordinates) {
+    PopupListWnd* list = Track(menu, 0, 0);
+    ASSERT_NE(list, nullptr);
     CRect placed;
-    driver.WhileModal([&] {
-        PopupListWnd::Active()->GetWindowRect(&placed);
-        driver.Key(kKeyEscape, kCharEscape);
-    });
-    menu.TrackPopupMenu(0, 0, 0, &owner);
+    list->GetWindowRect(&placed);
     CRect ownerRect;
     owner.GetWindowRect(&ownerRect);
     EXPECT_EQ(placed.TopLeft(), ownerRect.TopLeft());
 }
 
 TEST_F(MenuTest, KeyboardMovesAndChooses) {
-    driver.WhileModal([this] {
-        driver.Key(kKeyDown, kCharDown);
-        driver.Key(kKeyDown, kCharDown);
-        driver.Key(kKeyUp, kCharUp);
-        driver.Key(kKeyDown, kCharDown);
-        driver.Key(kKeyReturn, kCharReturn);
-    });
-    EXPECT_TRUE(menu.TrackPopupMenu(0, 5, 5, &owner));
+    Track(menu);
+    driver.Key(kKeyDown, kCharDown);
+    driver.Key(kKeyDown, kCharDown);
+    driver.Key(kKeyUp, kCharUp);
+    driver.Key(kKeyDown, kCharDown);
+    driver.Key(kKeyReturn, kCharReturn);
+    driver.Pump();
     EXPECT_EQ(owner.commands, std::vector<UINT>{kFirstProgram + 1});
 }
 
@@ -109,14 +150,14 @@ TEST_F(MenuTest, OpeningEnablesItemsThenTheOwnerMayGreyThem) {
     greyed.AppendMenu(MF_GRAYED, kFirstProgram, "greyed when appended");
     greyed.AppendMenu(MF_STRING, kFirstProgram + 1, "greyed by the owner");
     owner.greyWhenOpening = kFirstProgram + 1;
-    ClickItemWhenOpen(0);
-    EXPECT_TRUE(greyed.TrackPopupMenu(0, 5, 5, &owner));
+    ClickItem(Track(greyed), 0);
     EXPECT_EQ(owner.openedMenu, greyed.GetSafeHmenu());
     EXPECT_EQ(owner.commands, std::vector<UINT>{kFirstProgram});
 
-    ClickItemWhenOpen(1);
-    driver.WhileModal([this] { driver.Key(kKeyEscape, kCharEscape); });
-    EXPECT_FALSE(greyed.TrackPopupMenu(0, 5, 5, &owner));
+    ClickItem(Track(greyed), 1);
+    EXPECT_NE(PopupListWnd::Active(), nullptr) << "a greyed item does not end the menu";
+    driver.Key(kKeyEscape, kCharEscape);
+    driver.Pump();
     EXPECT_EQ(owner.commands.size(), 1u);
 }
 
@@ -124,9 +165,9 @@ TEST_F(MenuTest, ItemWithoutCommandIdSendsNothingButCountsAsChosen) {
     CMenu plain;
     plain.CreatePopupMenu();
     plain.AppendMenu(MF_STRING, 0, "no command");
-    ClickItemWhenOpen(0);
-    EXPECT_TRUE(plain.TrackPopupMenu(0, 5, 5, &owner));
+    ClickItem(Track(plain), 0);
     EXPECT_TRUE(owner.Only(WM_COMMAND).empty());
+    EXPECT_EQ(closed, (std::vector<Closed>{{true, 0}}));
 }
 
 TEST_F(MenuTest, SixtyFourItemsUseColumnsOnAShortScreenAndAllCanBeChosen) {
@@ -138,39 +179,27 @@ TEST_F(MenuTest, SixtyFourItemsUseColumnsOnAShortScreenAndAllCanBeChosen) {
         title.Format("%u:Program %u", i + 1, i + 1);
         programs.AppendMenu(MF_STRING, kFirstProgram + i, title);
     }
-    int columns = 0;
+    PopupListWnd* list = Track(programs);
+    ASSERT_NE(list, nullptr);
     CRect placed;
-    driver.WhileModal([&] {
-        PopupListWnd* list = PopupListWnd::Active();
-        columns = list->GetColumnCount();
-        list->GetWindowRect(&placed);
-        driver.Click(list, list->ItemRect(63).CenterPoint());
-    });
-    EXPECT_TRUE(programs.TrackPopupMenu(0, 5, 5, &owner));
-    EXPECT_GE(columns, 2);
+    list->GetWindowRect(&placed);
+    EXPECT_GE(list->GetColumnCount(), 2);
     EXPECT_LE(placed.bottom, 600);
+    ClickItem(list, 63);
     EXPECT_EQ(owner.commands, std::vector<UINT>{kFirstProgram + 63});
     driver.Platform().SetScreenBounds(CRect(0, 0, 1920, 1080));
 }
 
 TEST_F(MenuTest, HighlightFollowsThePointerAndIsDrawn) {
-    std::uint32_t hotPixel = 0;
-    std::uint32_t coldPixel = 0;
-    driver.WhileModal([&] {
-        PopupListWnd* list = PopupListWnd::Active();
-        driver.Move(list, list->ItemRect(1).CenterPoint());
-        EXPECT_EQ(list->GetHighlighted(), 1);
-    });
-    driver.WhileModal([&] {
-        PopupListWnd* list = PopupListWnd::Active();
-        const CRect hot = list->ItemRect(1);
-        hotPixel = driver.PixelAt(list, hot.right - 8, hot.top + hot.Height() / 2);
-        const CRect cold = list->ItemRect(3);
-        coldPixel = driver.PixelAt(list, cold.right - 8, cold.top + cold.Height() / 2);
-        driver.Key(kKeyEscape, kCharEscape);
-    });
-    menu.TrackPopupMenu(0, 5, 5, &owner);
-    EXPECT_NE(hotPixel, coldPixel);
+    PopupListWnd* list = Track(menu);
+    ASSERT_NE(list, nullptr);
+    driver.Move(list, list->ItemRect(1).CenterPoint());
+    EXPECT_EQ(list->GetHighlighted(), 1);
+    driver.Pump();
+    const CRect hot = list->ItemRect(1);
+    const CRect cold = list->ItemRect(3);
+    EXPECT_NE(driver.PixelAt(list, hot.right - 8, hot.top + hot.Height() / 2),
+              driver.PixelAt(list, cold.right - 8, cold.top + cold.Height() / 2));
 }
 
 TEST(CMenuItems, CheckAndEnableReportThePreviousState) {

@@ -123,7 +123,7 @@ public:
     void PressReturn() override { RunTool("xdotool key Return"); }
     // xdotool waits for the window to be mapped; the short pause lets the toolkit take the
     // keyboard before the keys arrive.
-    void KeysIntoNextLoop(const char* keys, bool dialog) override {
+    void KeysIntoOpenWindow(const char* keys, bool dialog) override {
         const std::string command =
             std::string("timeout 10 xdotool search --sync --onlyvisible --class ") +
             (dialog ? "ZephyraDialog" : "ZephyraPopup") + " sleep 0.2 key --delay 30 " + keys;

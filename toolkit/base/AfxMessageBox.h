@@ -5,7 +5,8 @@
 
 using MessageBoxHandler = int (*)(const char* text);
 
-// Shows the text and returns IDOK (1) once the user has read it.
+// Shows the text and returns IDOK (1). A box that the toolkit shows stays up after the
+// call has returned, until the user has read it.
 int AfxMessageBox(const char* text);
 // Installs the dialog that shows messages; null restores the printed line.
 void SetMessageBoxHandler(MessageBoxHandler handler);

@@ -2,10 +2,9 @@
 // double clicks anywhere on the panel and beyond its edges, keys of any code and
 // character under any modifiers, while the host automates, plays audio, changes programs,
 // idles and closes and reopens the editor in between. The copy menu and the save dialog
-// that clicks open see the events that follow, as a user would use them, while the host
-// does only what its other threads can (automation, audio): its user-interface thread is
-// the one running the menu. Once the input runs dry, Escape ends whatever is still open.
-// Afterwards every parameter is displayable and the audio finite.
+// that clicks open see the events that follow, as a user would use them, and the host
+// goes on meanwhile, closing the editor under them too. Afterwards every parameter is
+// displayable and the audio finite.
 #include "CHeadlessDriver.h"
 #include "CUIWindow.h"
 #include "CZephyraEditor.h"
@@ -13,15 +12,9 @@
 #include "KeyCodes.h"
 #include "PluginChecks.h"
 
-#include <cstdio>
-#include <cstdlib>
-
 namespace {
 
 constexpr int kMargin = 24; // how far past the panel's edges the pointer goes
-// Escapes a run may need to close what is open (menu, dialog, message box, entry field);
-// a loop that outlasts these never ends.
-constexpr int kEscapesToCloseAll = 16;
 
 class UserSession {
 public:
@@ -37,41 +30,15 @@ public:
     }
 
     void Run() {
-        s_active = this;
-        m_driver.WhileModal(FeedModalLoops);
         while (!m_input.Empty()) {
             Perform();
             m_driver.Pump();
         }
-        // The feeder is still queued: it runs once more, finds no session and stops.
-        s_active = nullptr;
-        m_driver.Pump();
         m_driver.SetModifiers(0);
         RequireNoProblem(EffectProblem(m_plugin, m_noise, 256, false));
     }
 
 private:
-    // Runs on every turn of the platform's event processing. Outside a menu or dialog it
-    // only waits for one; inside, it plays the next event into it, or Escape when the
-    // input is spent.
-    static void FeedModalLoops() {
-        UserSession* session = s_active;
-        if (!session)
-            return;
-        session->m_driver.WhileModal(FeedModalLoops);
-        if (session->m_depth == 0)
-            return;
-        if (!session->m_input.Empty()) {
-            session->Perform();
-        } else if (++session->m_escapes > kEscapesToCloseAll) {
-            std::fprintf(stderr, "a menu or dialog does not end on Escape\n");
-            std::abort();
-        } else {
-            session->m_driver.SetModifiers(0);
-            session->m_driver.Key(kKeyEscape, kCharEscape);
-        }
-    }
-
     void OpenEditor() {
         ERect* rect = nullptr;
         m_plugin.Dispatch(effEditGetRect, 0, 0, &rect);
@@ -91,9 +58,7 @@ private:
         return CPoint(x, y);
     }
 
-    // One event; menus and dialogs it opens run inside it.
     void Perform() {
-        ++m_depth;
         const int kind = m_input.Small(9);
         CWnd* panel = Panel();
         if (panel == nullptr && kind < 5) {
@@ -118,13 +83,12 @@ private:
             m_driver.SetModifiers(m_input.Take<uint16_t>() & (kModifierCommand | kModifierShift |
                                                               kModifierOption | kModifierControl));
         } else {
-            HostAction(m_depth > 1);
+            HostAction();
         }
-        --m_depth;
     }
 
-    void HostAction(bool userInterfaceThreadBusy) {
-        switch (m_input.Small(userInterfaceThreadBusy ? 2 : 6)) {
+    void HostAction() {
+        switch (m_input.Small(6)) {
         case 0:
             m_plugin.SetParameter(m_input.Small(kNumParams), m_input.Take<float>());
             break;
@@ -143,16 +107,12 @@ private:
         }
     }
 
-    static inline UserSession* s_active = nullptr;
-
     FuzzInput& m_input;
     CHeadlessDriver& m_driver;
     void* m_hostWindow;
     HostedPlugin m_plugin;
     Noise m_noise;
     CSize m_panelSize;
-    int m_depth = 0; // events being performed, one inside the other in menus and dialogs
-    int m_escapes = 0;
 };
 
 } // namespace

@@ -66,17 +66,11 @@ std::unique_ptr<NativeView> HeadlessPlatform::WrapHostView(void* handle, ViewEve
     return std::make_unique<HeadlessView>(*this, found->get(), false);
 }
 
-void HeadlessPlatform::ProcessEvents() {
-    if (m_steps.empty())
-        return;
-    auto step = std::move(m_steps.front());
-    m_steps.pop_front();
-    step();
-}
+// Input is delivered as the driver injects it: nothing is ever pending.
+void HeadlessPlatform::ProcessEvents() {}
 
 void HeadlessPlatform::WaitForEvents(int timeoutMs) {
-    if (m_steps.empty())
-        std::this_thread::sleep_for(std::chrono::milliseconds(timeoutMs));
+    std::this_thread::sleep_for(std::chrono::milliseconds(timeoutMs));
 }
 
 void* HeadlessPlatform::CreateHostWindow(const RECT& screenFrame) {

@@ -7,8 +7,6 @@
 
 #include "NativePlatform.h"
 
-#include <deque>
-#include <functional>
 #include <memory>
 #include <string>
 #include <vector>
@@ -70,9 +68,6 @@ public:
     // Moves the keyboard focus away from every toolkit window (to the host).
     void FocusElsewhere();
 
-    // Steps run one per ProcessEvents call: input for a modal loop to see.
-    void QueueStep(std::function<void()> step) { m_steps.push_back(std::move(step)); }
-
     // The node's pixels as they are on screen, with the visible windows inside it on top.
     cairo_surface_t* Compose(const HeadlessNode& node) const;
     HeadlessNode* NodeAt(int screenX, int screenY) const;
@@ -104,7 +99,6 @@ private:
     HeadlessNode* m_hovered = nullptr;
     unsigned m_modifiers = 0;
     unsigned long m_clockMs = 1000;
-    std::deque<std::function<void()>> m_steps;
 };
 
 } // namespace native
