@@ -54,6 +54,20 @@ TEST_F(LegacyImport, ValueLinesBecomeBandSettingsAndFlagsCarryOver) {
     EXPECT_EQ(std::memcmp(ghost.param, shelf.param, sizeof(shelf.param)), 0);
 }
 
+// Fields 7 to 12 are band 2's: flags, gain, frequency and Q. The values are pinned by hand
+// (-6 dB of -12..12, 5000 Hz of 20..20000, Q 2 of 0.3..10).
+TEST_F(LegacyImport, TheSecondHalfOfTheValueLineIsBandTwo) {
+    WriteWholeFile(folder / "Band2.PGM", "x\t\t\t\t\t\t\t0\t1\t0\t-393216\t327680000\t131072\n");
+    const float gain1Before = Record(0).param[kParamGain1];
+    Import(kList + "1\r\nBand2\r\n");
+    const ZephyraProgramRecord band2 = Record(0);
+    EXPECT_EQ(band2.param[kParamType2], 0.5f) << "only the peak flag is set";
+    EXPECT_FLOAT_EQ(band2.param[kParamGain2], 0.25f);
+    EXPECT_FLOAT_EQ(band2.param[kParamFreq2], 4980.0f / 19980.0f);
+    EXPECT_FLOAT_EQ(band2.param[kParamQ2], 1.7f / 9.7f);
+    EXPECT_EQ(band2.param[kParamGain1], gain1Before) << "band 1 keeps its value";
+}
+
 TEST_F(LegacyImport, ListsThatDoNotQualifyImportNothing) {
     WriteWholeFile(folder / "Peak.PGM", kPeakLine);
     const std::string untouched = BankImage(effect);

@@ -53,13 +53,16 @@ TEST(ParameterDisplayTyped, OnlyTheLevelsCorrectMinusZeroAndNothingOverflows) {
     AZephyra effect(nullptr);
     effect.setParameterFromDiaplay(4, -0.04f);
     effect.setParameterFromDiaplay(1, -0.04f);
+    effect.setParameterFromDiaplay(2, -0.04f);
     effect.setParameterFromDiaplay(5, 1e30f);
-    char gain[9] = {}, output[9] = {}, freq[16];
+    char gain[9] = {}, output[9] = {}, input[9] = {}, freq[16];
     effect.getParameterDisplay(4, gain);
     effect.getParameterDisplay(1, output);
+    effect.getParameterDisplay(2, input);
     effect.getParameterDisplay(5, freq);
     EXPECT_STREQ(gain, "-0.0");
     EXPECT_STREQ(output, "0.0");
+    EXPECT_STREQ(input, "0.0");
     EXPECT_LT(std::strlen(freq), 8u) << "the host's buffer holds eight bytes";
     char text[9] = "kept";
     effect.getParameterName(11, text);
@@ -156,13 +159,16 @@ TEST_F(ParameterSetters, TypedLevelsBecomeFactorsWithinTheirRange) {
     const struct {
         int index;
         float typed, normalised;
-    } table[] = {{1, 0.0f, ValToNormalizeValue(1, 1.0f)},
+    } table[] = {{1, 0.0f, 0.999f / 1.999f},
+                 // 6 dB per halving: factors 0.5 and 0.25 (not 10^(dB/20)), pinned by hand
+                 {1, -6.0f, 0.499f / 1.999f},
+                 {2, -12.0f, 0.249f / 0.999f},
                  {1, -200.0f, 0.0f},
                  {2, 12.0f, 1.0f},
                  {2, NAN, 0.0f}};
     for (const auto& row : table) {
         effect.setParameterFromDiaplay(row.index, row.typed);
-        EXPECT_EQ(effect.getParameter(row.index), row.normalised) << row.typed;
+        EXPECT_NEAR(effect.getParameter(row.index), row.normalised, 1e-6) << row.typed;
     }
 }
 
