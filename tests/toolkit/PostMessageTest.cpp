@@ -59,8 +59,10 @@ TEST_F(PostMessageTest, The257thPostOverwritesTheFirstAndArrivesTwice) {
 }
 
 TEST_F(PostMessageTest, IndexWrapsAfterSlot255) {
-    while (g_nEventVST.load() != 255)
+    // Bounded, so that a ring that wraps early fails here instead of spinning.
+    for (int post = 0; post < 256 && g_nEventVST.load() != 255; ++post)
         wnd.PostMessage(kPing, 0, 0);
+    ASSERT_EQ(g_nEventVST.load(), 255);
     driver.Pump();
     wnd.PostMessage(kPing, 0, 0);
     EXPECT_EQ(g_nEventVST.load(), 0);
