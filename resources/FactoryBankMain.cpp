@@ -8,6 +8,7 @@
 
 #include <cmath>
 #include <cstdio>
+#include <cstring>
 
 namespace {
 
@@ -30,29 +31,35 @@ struct FactoryProgram {
 
 const FactoryProgram kFactoryPrograms[] = {
     {"Flat", {kLowShelf, 0.0f, 100.0f, 1.0f}, {kHighShelf, 0.0f, 8000.0f, 1.0f}, 0.0f, 0.0f},
-    {"Vocal Presence", {kPeak, 3.0f, 3000.0f, 1.0f}, {kHighShelf, 2.0f, 10000.0f, 0.7f}, 0.0f,
+    {"Vocal Presence",
+     {kPeak, 3.0f, 3000.0f, 1.0f},
+     {kHighShelf, 2.0f, 10000.0f, 0.7f},
+     0.0f,
      -1.0f},
-    {"Warm Bass", {kLowShelf, 4.0f, 120.0f, 0.8f}, {kHighShelf, -1.5f, 8000.0f, 0.7f}, 0.0f,
-     -2.0f},
-    {"Bright Air", {kLowShelf, 0.0f, 100.0f, 1.0f}, {kHighShelf, 4.0f, 12000.0f, 0.7f}, 0.0f,
+    {"Warm Bass", {kLowShelf, 4.0f, 120.0f, 0.8f}, {kHighShelf, -1.5f, 8000.0f, 0.7f}, 0.0f, -2.0f},
+    {"Bright Air",
+     {kLowShelf, 0.0f, 100.0f, 1.0f},
+     {kHighShelf, 4.0f, 12000.0f, 0.7f},
+     0.0f,
      -1.5f},
     {"Mud Cut", {kPeak, -4.0f, 300.0f, 1.4f}, {kHighShelf, 1.0f, 6000.0f, 0.7f}, 0.0f, 0.0f},
     {"Kick Punch", {kPeak, 5.0f, 60.0f, 1.2f}, {kPeak, 3.0f, 3500.0f, 2.0f}, 0.0f, -3.0f},
-    {"Telephone", {kLowShelf, -12.0f, 400.0f, 0.7f}, {kHighShelf, -12.0f, 3000.0f, 0.7f}, 0.0f,
+    {"Telephone",
+     {kLowShelf, -12.0f, 400.0f, 0.7f},
+     {kHighShelf, -12.0f, 3000.0f, 0.7f},
+     0.0f,
      4.0f},
     {"De-Harsh", {kPeak, -3.0f, 2500.0f, 2.0f}, {kHighShelf, -2.0f, 9000.0f, 0.7f}, 0.0f, 0.0f},
-    {"Acoustic Guitar", {kLowShelf, -3.0f, 150.0f, 0.8f}, {kPeak, 2.5f, 5000.0f, 1.0f}, 0.0f,
-     0.0f},
-    {"Loudness", {kLowShelf, 6.0f, 80.0f, 0.7f}, {kHighShelf, 4.0f, 10000.0f, 0.7f}, -6.0f,
-     0.0f},
-    {"Hum Notch 50 Hz", {kPeak, -12.0f, 50.0f, 10.0f}, {kPeak, -12.0f, 100.0f, 10.0f}, 0.0f,
-     0.0f},
-    {"Hum Notch 60 Hz", {kPeak, -12.0f, 60.0f, 10.0f}, {kPeak, -12.0f, 120.0f, 10.0f}, 0.0f,
-     0.0f},
+    {"Acoustic Guitar", {kLowShelf, -3.0f, 150.0f, 0.8f}, {kPeak, 2.5f, 5000.0f, 1.0f}, 0.0f, 0.0f},
+    {"Loudness", {kLowShelf, 6.0f, 80.0f, 0.7f}, {kHighShelf, 4.0f, 10000.0f, 0.7f}, -6.0f, 0.0f},
+    {"Hum Notch 50 Hz", {kPeak, -12.0f, 50.0f, 10.0f}, {kPeak, -12.0f, 100.0f, 10.0f}, 0.0f, 0.0f},
+    {"Hum Notch 60 Hz", {kPeak, -12.0f, 60.0f, 10.0f}, {kPeak, -12.0f, 120.0f, 10.0f}, 0.0f, 0.0f},
 };
 
 // Levels are stored as linear factors, 6 dB per doubling.
-float levelFactor(float dB) { return static_cast<float>(std::pow(2.0, dB / 6.0)); }
+float levelFactor(float dB) {
+    return static_cast<float>(std::pow(2.0, dB / 6.0));
+}
 
 void setBand(ZephyraProgramRecord& record, int firstParameter, const Band& band) {
     record.param[firstParameter] =
@@ -65,9 +72,13 @@ void setBand(ZephyraProgramRecord& record, int firstParameter, const Band& band)
 } // namespace
 
 int main(int argc, char** argv) {
-    if (argc != 2) {
-        std::fprintf(stderr, "usage: %s OUTPUT.fxb\n", argv[0]);
-        return 2;
+    // The one argument is a path; anything that looks like an option is refused rather
+    // than taken for a file name.
+    const bool help =
+        argc == 2 && (std::strcmp(argv[1], "--help") == 0 || std::strcmp(argv[1], "-h") == 0);
+    if (argc != 2 || argv[1][0] == '-') {
+        std::fprintf(help ? stdout : stderr, "usage: %s OUTPUT.fxb\n", argv[0]);
+        return help ? 0 : 2;
     }
     AZephyraProgram bank;
     int program = 0;

@@ -1,7 +1,8 @@
 #include "BitmapResources.h"
 
+#include "Diagnostic.h"
+
 #include <algorithm>
-#include <cstdio>
 #include <cstring>
 #include <string>
 #include <vector>
@@ -119,12 +120,12 @@ void GetBitmapSize0(ImageRef image, int* width, int* height, int* bytesPerRow) {
 ImageRef LoadBitmap(int id) {
     const EmbeddedResource* resource = Find(id, nullptr);
     if (!resource) {
-        std::printf("%d.png\n", id);
+        AfxDiagnostic("%d.png\n", id);
         return nullptr;
     }
     ImageRef image = Decode(*resource);
     if (!image)
-        std::printf("Can't load bitmap %d;G\n", id);
+        AfxDiagnostic("Can't load bitmap %d;G\n", id);
     return image;
 }
 

@@ -1,10 +1,10 @@
 #include "CDC.h"
 
 #include "CWnd.h"
+#include "Diagnostic.h"
 #include "PostedMessageRing.h"
 
 #include <algorithm>
-#include <cstdio>
 
 namespace {
 constexpr int kDisplayDCSize = 1024;
@@ -143,7 +143,7 @@ bool CDC::Blit(int x, int y, int width, int height, CDC* source, int sx, int sy,
         image = cairo_surface_reference(source->m_bitmapSurface);
     } else {
         if (m_pWnd && !source->GetSafeContext())
-            std::printf("BitBlt null \x80r\x80n");
+            AfxDiagnostic("BitBlt null \x80r\x80n");
         return true;
     }
     // A DC copying from its own image draws from a snapshot.

@@ -6,6 +6,7 @@
 #include "CFrameWnd.h"
 #include "CPaintDC.h"
 #include "CStatic.h"
+#include "Diagnostic.h"
 #include "KeyCodes.h"
 #include "MFCView0.h"
 #include "MessagePump.h"
@@ -54,11 +55,11 @@ int CDialog::DoModal(Ended onEnded) {
     const DialogTemplate* layout = m_layout ? m_layout.get() : AfxFindDialogTemplate(m_nIDTemplate);
     CWnd* owner = m_pOwner ? m_pOwner : AfxGetMainWnd();
     if (!layout || !CreateFromLayout(*layout, owner)) {
-        std::printf("CreateWindowFromNib Err: %d\n", ENOENT);
+        AfxDiagnostic("CreateWindowFromNib Err: %d\n", ENOENT);
         return -1;
     }
-    std::printf("PostMessage(%x,WM_ACTIVATE)\r\n",
-                static_cast<unsigned>(reinterpret_cast<std::uintptr_t>(this)));
+    AfxDiagnostic("PostMessage(%x,WM_ACTIVATE)\r\n",
+                  static_cast<unsigned>(reinterpret_cast<std::uintptr_t>(this)));
     PostMessage(WM_ACTIVATE, 1, 0);
     SetFocus();
 

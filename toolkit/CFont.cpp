@@ -1,13 +1,13 @@
 #include "CFont.h"
 
+#include "Diagnostic.h"
 #include "FontCatalog.h"
 
-#include <cstdio>
 
 bool CFont::CreatePointFont(int pointSize, const char* faceName, CDC*) {
     const FontFace* face = FindFontFace(faceName);
     if (!face) {
-        std::printf("CGFontCreateWithFontName error(%s)\n", faceName ? faceName : "");
+        AfxDiagnostic("CGFontCreateWithFontName error(%s)\n", faceName ? faceName : "");
         return true;
     }
     m_lineHeight = static_cast<int>(face->boundingBoxHeight / face->unitsPerEm * pointSize);

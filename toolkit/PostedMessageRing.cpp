@@ -1,10 +1,10 @@
 #include "PostedMessageRing.h"
 
 #include "CWnd.h"
+#include "Diagnostic.h"
 #include "MainThreadQueue.h"
 #include "WinMessages.h"
 
-#include <cstdio>
 
 PostedMessageSlot g_pEventVST[kPostedMessageSlots];
 std::atomic<int> g_nEventVST{0};
@@ -25,8 +25,8 @@ int ClaimSlot() {
 
 LRESULT PostMessageNS(CWnd* target, UINT message, WPARAM wParam, LPARAM lParam) {
     if (message == WM_ACTIVATE)
-        std::printf("PostMessage(WM_ACTIVATE,%x)\r\n",
-                    static_cast<unsigned>(reinterpret_cast<std::uintptr_t>(target)));
+        AfxDiagnostic("PostMessage(WM_ACTIVATE,%x)\r\n",
+                      static_cast<unsigned>(reinterpret_cast<std::uintptr_t>(target)));
     const int slot = ClaimSlot();
     PostedMessageSlot& record = g_pEventVST[slot];
     record.target.store(target, std::memory_order_relaxed);
