@@ -1,10 +1,16 @@
-// Where the panel puts each control, which parameter it drives and which bitmaps draw it.
-// Rectangles are left, top, right, bottom in panel pixels (right and bottom exclusive).
+// Which parameter each control of the panel drives, which bitmaps draw it, and where it
+// sits (from the panel's geometry). Rectangles are left, top, right, bottom in panel pixels
+// (right and bottom exclusive).
 #pragma once
 
+#include "PanelGeometry.h"
 #include "PanelIds.h"
 #include "WinTypes.h"
 #include "ZephyraParameters.h"
+
+constexpr RECT ToRect(const PixelRect& rect) {
+    return {rect.left, rect.top, rect.right, rect.bottom};
+}
 
 // The panel's bitmap resources.
 enum PanelBitmap : int {
@@ -35,19 +41,19 @@ struct ValueControlLayout {
 
 // Band 1 gain, frequency, Q; band 2 gain, frequency, Q.
 constexpr ValueControlLayout kKnobLayout[] = {
-    {kIdGain1Knob, kParamGain1, {172, 54, 206, 88}, {165, 91, 213, 107}},
-    {kIdFreq1Knob, kParamFreq1, {243, 54, 277, 88}, {236, 91, 284, 107}},
-    {kIdQ1Knob, kParamQ1, {314, 54, 348, 88}, {307, 91, 355, 107}},
-    {kIdGain2Knob, kParamGain2, {172, 138, 206, 172}, {165, 175, 213, 191}},
-    {kIdFreq2Knob, kParamFreq2, {243, 138, 277, 172}, {236, 175, 284, 191}},
-    {kIdQ2Knob, kParamQ2, {314, 138, 348, 172}, {307, 175, 355, 191}},
+    {kIdGain1Knob, kParamGain1, ToRect(layout::KnobRect(0, 0)), ToRect(layout::kReadouts[0])},
+    {kIdFreq1Knob, kParamFreq1, ToRect(layout::KnobRect(0, 1)), ToRect(layout::kReadouts[1])},
+    {kIdQ1Knob, kParamQ1, ToRect(layout::KnobRect(0, 2)), ToRect(layout::kReadouts[2])},
+    {kIdGain2Knob, kParamGain2, ToRect(layout::KnobRect(1, 0)), ToRect(layout::kReadouts[3])},
+    {kIdFreq2Knob, kParamFreq2, ToRect(layout::KnobRect(1, 1)), ToRect(layout::kReadouts[4])},
+    {kIdQ2Knob, kParamQ2, ToRect(layout::KnobRect(1, 2)), ToRect(layout::kReadouts[5])},
 };
 constexpr int kKnobCount = sizeof kKnobLayout / sizeof kKnobLayout[0];
 
 // Input, then output.
 constexpr ValueControlLayout kSliderLayout[] = {
-    {kIdInputSlider, kParamInput, {48, 45, 64, 178}, {14, 184, 48, 200}},
-    {kIdOutputSlider, kParamOutput, {403, 45, 419, 178}, {404, 184, 438, 200}},
+    {kIdInputSlider, kParamInput, ToRect(layout::kSliders[0]), ToRect(layout::kReadouts[6])},
+    {kIdOutputSlider, kParamOutput, ToRect(layout::kSliders[1]), ToRect(layout::kReadouts[7])},
 };
 constexpr int kSliderCount = sizeof kSliderLayout / sizeof kSliderLayout[0];
 
@@ -59,7 +65,14 @@ struct KnobStyle {
     float angleTo;
     int spare;
 };
-constexpr KnobStyle kKnobStyle{0.0f, 1.0f, 61, 30.0f, 330.0f, 8};
+constexpr KnobStyle kKnobStyle{
+    0.0f,
+    1.0f,
+    layout::kKnobFrames,
+    static_cast<float>(layout::kKnobFirstAngle),
+    static_cast<float>(layout::kKnobFirstAngle +
+                       layout::kKnobAngleStep * (layout::kKnobFrames - 1)),
+    8};
 
 struct SwitchLayout {
     unsigned int id;
@@ -70,32 +83,39 @@ struct SwitchLayout {
     int onBitmap;
 };
 
-constexpr SwitchLayout kOnOffSwitchLayout{kIdOnOffSwitch,  kParamOnOff,     0,
-                                          {18, 8, 47, 28}, kBitmapOnOffOff, kBitmapOnOffOn};
+constexpr SwitchLayout kOnOffSwitchLayout{
+    kIdOnOffSwitch, kParamOnOff, 0, ToRect(layout::kPowerSwitch), kBitmapOnOffOff, kBitmapOnOffOn};
 
 // Band 1 LOW, PEAK, Hi; band 2 LOW, PEAK, Hi: three radio buttons per band.
 constexpr int kTypesPerBand = 3;
 constexpr SwitchLayout kTypeSwitchLayout[] = {
-    {kIdBand1LowSwitch, kParamType1, 0, {110, 61, 124, 73}, kBitmapTypeOff, kBitmapTypeOn},
-    {kIdBand1PeakSwitch, kParamType1, 1, {110, 78, 124, 90}, kBitmapTypeOff, kBitmapTypeOn},
-    {kIdBand1HiSwitch, kParamType1, 2, {110, 95, 124, 107}, kBitmapTypeOff, kBitmapTypeOn},
-    {kIdBand2LowSwitch, kParamType2, 0, {110, 145, 124, 157}, kBitmapTypeOff, kBitmapTypeOn},
-    {kIdBand2PeakSwitch, kParamType2, 1, {110, 162, 124, 174}, kBitmapTypeOff, kBitmapTypeOn},
-    {kIdBand2HiSwitch, kParamType2, 2, {110, 179, 124, 191}, kBitmapTypeOff, kBitmapTypeOn},
+    {kIdBand1LowSwitch, kParamType1, 0, ToRect(layout::TypeSwitchRect(0, 0)), kBitmapTypeOff,
+     kBitmapTypeOn},
+    {kIdBand1PeakSwitch, kParamType1, 1, ToRect(layout::TypeSwitchRect(0, 1)), kBitmapTypeOff,
+     kBitmapTypeOn},
+    {kIdBand1HiSwitch, kParamType1, 2, ToRect(layout::TypeSwitchRect(0, 2)), kBitmapTypeOff,
+     kBitmapTypeOn},
+    {kIdBand2LowSwitch, kParamType2, 0, ToRect(layout::TypeSwitchRect(1, 0)), kBitmapTypeOff,
+     kBitmapTypeOn},
+    {kIdBand2PeakSwitch, kParamType2, 1, ToRect(layout::TypeSwitchRect(1, 1)), kBitmapTypeOff,
+     kBitmapTypeOn},
+    {kIdBand2HiSwitch, kParamType2, 2, ToRect(layout::TypeSwitchRect(1, 2)), kBitmapTypeOff,
+     kBitmapTypeOn},
 };
 constexpr int kTypeSwitchCount = sizeof kTypeSwitchLayout / sizeof kTypeSwitchLayout[0];
 
-constexpr SwitchLayout kCopyButtonLayout{kIdCopyProgramButton, -1,           0, {59, 11, 88, 28},
-                                         kBitmapCopyOff,       kBitmapCopyOn};
+constexpr SwitchLayout kCopyButtonLayout{
+    kIdCopyProgramButton, -1, 0, ToRect(layout::kCopyButton), kBitmapCopyOff, kBitmapCopyOn};
 
-// The program-modified lamp and the save button, both 43 x 16.
-constexpr RECT kProgramLampRect{211, 11, 254, 27};
-constexpr RECT kSaveButtonRect{265, 11, 308, 27};
+// The program-modified lamp and the save button.
+constexpr RECT kProgramLampRect = ToRect(layout::kProgramLamp);
+constexpr RECT kSaveButtonRect = ToRect(layout::kSaveButton);
 
 // The meters: input left and right, output left and right.
-constexpr int kMeterLefts[] = {29, 38, 422, 431};
+constexpr int kMeterLefts[] = {layout::kMeterLefts[0][0], layout::kMeterLefts[0][1],
+                               layout::kMeterLefts[1][0], layout::kMeterLefts[1][1]};
 constexpr int kMeterCount = sizeof kMeterLefts / sizeof kMeterLefts[0];
-constexpr int kMeterTop = 45;
+constexpr int kMeterTop = layout::kMeterTop;
 
 // Typed entry over each read-out, in the order the panel tests them: the parameter, whether
 // a sign may be typed and how many digits the field holds.
@@ -117,6 +137,6 @@ constexpr EntryLayout kEntryLayout[] = {
     {kEntryOutput, kParamOutput, true, 4, kSliderLayout[1].readout},
 };
 
-// Where the copy-program menu opens, in panel coordinates.
-constexpr int kCopyMenuLeft = 88;
+// Where the copy-program menu opens, in panel coordinates: at the copy button's right edge.
+constexpr int kCopyMenuLeft = layout::kCopyButton.right;
 constexpr int kCopyMenuTop = 14;

@@ -3,7 +3,7 @@
 // the flat plate colour their own bitmaps are drawn on.
 
 #include "Artwork.h"
-#include "PanelLayout.h"
+#include "PanelGeometry.h"
 
 #include <algorithm>
 #include <string>

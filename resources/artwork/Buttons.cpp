@@ -2,7 +2,7 @@
 // the one bitmap the panel loads without drawing.
 
 #include "Artwork.h"
-#include "PanelLayout.h"
+#include "PanelGeometry.h"
 
 namespace {
 

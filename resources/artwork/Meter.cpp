@@ -3,7 +3,7 @@
 // colour of the level it stands for.
 
 #include "Artwork.h"
-#include "PanelLayout.h"
+#include "PanelGeometry.h"
 
 namespace {
 

@@ -3,7 +3,7 @@
 // in its leftmost columns to come out centred over the slot.
 
 #include "Artwork.h"
-#include "PanelLayout.h"
+#include "PanelGeometry.h"
 
 namespace {
 

@@ -3,7 +3,7 @@
 // dark bitmap by the switch's state.
 
 #include "Artwork.h"
-#include "PanelLayout.h"
+#include "PanelGeometry.h"
 
 #include <cmath>
 

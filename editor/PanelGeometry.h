@@ -1,6 +1,7 @@
-// Where the panel draws each bitmap and each read-out, and the bitmap sizes that follow.
-// These are facts of the editor's layout, not choices: the background has to leave exactly
-// these places free, and the bitmaps have to fit them.
+// The panel's geometry, in panel pixels: where each control, read-out, meter and button
+// sits and the sizes of the pictures that draw them. The one table of it: the panel lays
+// out and hit-tests its controls by it, and the artwork generator draws the background and
+// the bitmaps to fit it. Plain numbers only, so that both can read it.
 #pragma once
 
 #include <array>
@@ -22,6 +23,10 @@ constexpr double kKnobAngleStep = 5.0;
 // Knob rectangles, band 1 then band 2, columns gain, frequency, Q.
 constexpr std::array<int, 3> kKnobColumnsLeft{172, 243, 314};
 constexpr std::array<int, 2> kKnobRowsTop{54, 138};
+constexpr PixelRect KnobRect(int band, int column) {
+    return {kKnobColumnsLeft[column], kKnobRowsTop[band], kKnobColumnsLeft[column] + kKnobSize,
+            kKnobRowsTop[band] + kKnobSize};
+}
 
 // The eight numeric read-outs: the six knobs' (band 1, band 2), input, output.
 constexpr std::array<PixelRect, 8> kReadouts{{{165, 91, 213, 107},
@@ -38,6 +43,10 @@ constexpr int kTypeSwitchLeft = 110;
 constexpr int kTypeSwitchWidth = 14;
 constexpr int kTypeSwitchHeight = 12;
 constexpr std::array<std::array<int, 3>, 2> kTypeSwitchTops{{{61, 78, 95}, {145, 162, 179}}};
+constexpr PixelRect TypeSwitchRect(int band, int type) {
+    return {kTypeSwitchLeft, kTypeSwitchTops[band][type], kTypeSwitchLeft + kTypeSwitchWidth,
+            kTypeSwitchTops[band][type] + kTypeSwitchHeight};
+}
 
 constexpr PixelRect kPowerSwitch{18, 8, 47, 28};
 constexpr PixelRect kCopyButton{59, 11, 88, 28};
