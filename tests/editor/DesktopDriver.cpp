@@ -34,21 +34,21 @@ std::string CommandOutput(const std::string& command) {
 
 std::string FindWindow(const std::string& searchArguments, std::chrono::milliseconds limit) {
     const auto end = Clock::now() + limit;
-    while (Clock::now() < end) {
+    for (;;) {
         std::string window = FirstWindow(searchArguments);
-        if (!window.empty())
+        if (!window.empty() || Clock::now() >= end)
             return window;
         std::this_thread::sleep_for(kPollPeriod);
     }
-    return "";
 }
 
 bool WaitForNoWindow(const std::string& searchArguments, std::chrono::milliseconds limit) {
     const auto end = Clock::now() + limit;
-    while (Clock::now() < end) {
+    for (;;) {
         if (FirstWindow(searchArguments).empty())
             return true;
+        if (Clock::now() >= end)
+            return false;
         std::this_thread::sleep_for(kPollPeriod);
     }
-    return false;
 }

@@ -12,7 +12,7 @@ bool RunCommand(const std::string& command);
 std::string CommandOutput(const std::string& command);
 
 // The first window that `xdotool search` finds with these arguments (say "--name '^Save$'"),
-// asked again and again until one comes or the time is up; empty when none came.
+// asked at once and again until one comes or the time is up; empty when none came.
 std::string FindWindow(const std::string& searchArguments,
                        std::chrono::milliseconds limit = std::chrono::seconds(10));
 // Waits until `xdotool search` finds no window with these arguments; false when one is

@@ -129,6 +129,14 @@ protected:
         if (!host)
             return;
         host->EnterPhase(kClosing);
+        // A step that failed may leave the menu or a dialog open; where it runs inside a host
+        // call, the host could not close the editor and end its thread until it goes.
+        for (const std::string& search : {kMenu, kSaveDialog}) {
+            if (!FindWindow(search, 0ms).empty()) {
+                RunCommand("xdotool key Escape");
+                std::this_thread::sleep_for(kSettle);
+            }
+        }
         std::string report = "Longest host call (ms):";
         for (const ReportedPhase& reported : kReportedPhases) {
             char figure[64];
