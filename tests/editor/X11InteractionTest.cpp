@@ -1,7 +1,8 @@
 // The editor in a real X window, worked with the mouse and keyboard through xdotool: copy
 // a program from the menu, drag a knob, type a value, save through the dialog; then the
 // bank file that the save wrote shows all of it.
-#include "AZephyraProgram.h"
+#include "BankRecords.h"
+#include "DesktopDriver.h"
 #include "TempFolder.h"
 #include "ZephyraParameters.h"
 
@@ -11,7 +12,6 @@
 
 #include <chrono>
 #include <cstdlib>
-#include <cstring>
 #include <fcntl.h>
 #include <sys/wait.h>
 #include <thread>
@@ -21,24 +21,8 @@ namespace {
 
 using Clock = std::chrono::steady_clock;
 
-constexpr int kBankHeaderBytes = 160;
 constexpr int kCopiedProgram = 2; // the second choosable entry: program 0 is the current one
 constexpr int kSavedSlot = 5;
-
-bool RunCommand(const std::string& command) {
-    return std::system(command.c_str()) == 0;
-}
-
-std::string Output(const std::string& command) {
-    std::string text;
-    if (FILE* pipe = popen(command.c_str(), "r")) {
-        char buffer[256];
-        while (std::fgets(buffer, sizeof buffer, pipe))
-            text += buffer;
-        pclose(pipe);
-    }
-    return text;
-}
 
 // The command-line host showing the module's editor until its window is closed.
 class EditorProcess {
@@ -80,19 +64,6 @@ private:
     bool m_finished = false;
 };
 
-// A window found by its whole title, waited for up to ten seconds; empty when none came.
-std::string FindWindowTitled(const std::string& title) {
-    const auto end = Clock::now() + std::chrono::seconds(10);
-    while (Clock::now() < end) {
-        std::string id =
-            Output("xdotool search --name '^" + title + "$' 2>/dev/null | head -n 1");
-        if (!id.empty())
-            return id.substr(0, id.find('\n'));
-        std::this_thread::sleep_for(std::chrono::milliseconds(100));
-    }
-    return "";
-}
-
 // The window manager's close button, as the host's window receives it.
 void CloseWindow(unsigned long window) {
     Display* display = XOpenDisplay(nullptr);
@@ -104,19 +75,6 @@ void CloseWindow(unsigned long window) {
     event.xclient.data.l[0] = static_cast<long>(XInternAtom(display, "WM_DELETE_WINDOW", False));
     XSendEvent(display, window, False, NoEventMask, &event);
     XCloseDisplay(display);
-}
-
-ZephyraProgramRecord RecordIn(const std::string& bank, int program) {
-    ZephyraProgramRecord record{};
-    const std::size_t offset = kBankHeaderBytes + sizeof(record) * program;
-    if (bank.size() >= offset + sizeof(record))
-        std::memcpy(&record, bank.data() + offset, sizeof(record));
-    return record;
-}
-
-std::string ModuleFolder() {
-    const std::string module = ZEPHYRA_MODULE;
-    return module.substr(0, module.rfind('/') + 1);
 }
 
 TEST(EditorOnX11, MouseAndKeyboardCopyEditAndSaveAProgram) {
@@ -164,7 +122,7 @@ TEST(EditorOnX11, MouseAndKeyboardCopyEditAndSaveAProgram) {
     const ZephyraProgramRecord record = RecordIn(saved, kSavedSlot);
     EXPECT_STREQ(record.name, "X11 Saved");
     const ZephyraProgramRecord copied =
-        RecordIn(ReadWholeFile(ModuleFolder() + "ZephyraDef.fxb"), kCopiedProgram);
+        RecordIn(ReadWholeFile(FactoryBankBeside(ZEPHYRA_MODULE)), kCopiedProgram);
     for (int index = 0; index < kNumParams; ++index) {
         if (index == kParamGain2)
             EXPECT_NEAR(record.param[index], 0.8f, 0.05f) << "dragged round to the right";

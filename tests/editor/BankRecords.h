@@ -1,0 +1,24 @@
+// Programs as a bank file holds them: the 72-byte records after the file's header, and the
+// factory bank that ships beside the module.
+#pragma once
+
+#include "AZephyraProgram.h"
+
+#include <cstring>
+#include <string>
+
+constexpr std::size_t kBankHeaderBytes = 160;
+
+// The program's record in a bank file's bytes; all zero when the file is too short.
+inline ZephyraProgramRecord RecordIn(const std::string& bank, int program) {
+    ZephyraProgramRecord record{};
+    const std::size_t offset = kBankHeaderBytes + sizeof(record) * program;
+    if (bank.size() >= offset + sizeof(record))
+        std::memcpy(&record, bank.data() + offset, sizeof(record));
+    return record;
+}
+
+// The factory bank file beside a module.
+inline std::string FactoryBankBeside(const std::string& module) {
+    return module.substr(0, module.rfind('/') + 1) + "ZephyraDef.fxb";
+}

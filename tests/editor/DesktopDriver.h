@@ -1,0 +1,25 @@
+// What the X11 tests do at the desktop as a user would: xdotool runs, and waits for windows
+// to come and go. Every wait has a time limit, so that a window that never comes fails the
+// test instead of hanging it.
+#pragma once
+
+#include <chrono>
+#include <string>
+
+// True when the shell command exits with 0.
+bool RunCommand(const std::string& command);
+// What the shell command writes to its standard output.
+std::string CommandOutput(const std::string& command);
+
+// The first window that `xdotool search` finds with these arguments (say "--name '^Save$'"),
+// asked at once and again until one comes or the time is up; empty when none came.
+std::string FindWindow(const std::string& searchArguments,
+                       std::chrono::milliseconds limit = std::chrono::seconds(10));
+// Waits until `xdotool search` finds no window with these arguments; false when one is
+// still there when the time is up.
+bool WaitForNoWindow(const std::string& searchArguments, std::chrono::milliseconds limit);
+
+// A window found by its whole title.
+inline std::string FindWindowTitled(const std::string& title) {
+    return FindWindow("--name '^" + title + "$'");
+}

@@ -1,0 +1,258 @@
+// The editor under a host that idles it from its own user-interface thread at 30 Hz, as
+// desktop hosts do, while a user opens the copy menu and the save dialog with xdotool. A
+// menu or dialog must not hold the host inside the call that opened it: the host has to go
+// on redrawing and answering its window manager. The user's choices still take effect, and
+// the host may automate the effect while a menu or dialog is open.
+#include "BankRecords.h"
+#include "DesktopDriver.h"
+#include "TempFolder.h"
+#include "UIWindowLayout.h"
+#include "UiThreadHost.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdio>
+#include <cstdlib>
+#include <future>
+#include <memory>
+#include <string>
+#include <thread>
+#include <vector>
+
+namespace {
+
+using namespace std::chrono_literals;
+
+// Phases of the user's session; a host call counts in every phase it spans.
+enum Phase : int {
+    kOpening,
+    kMenuOpen,
+    kChoiceMade,
+    kDialogOpen,
+    kDialogOk,
+    kDialogCancel,
+    kClosing,
+    kPhaseCount
+};
+struct ReportedPhase {
+    Phase phase;
+    const char* name;
+};
+constexpr ReportedPhase kReportedPhases[] = {{kMenuOpen, "menu open"},
+                                             {kChoiceMade, "choice made"},
+                                             {kDialogOpen, "dialog open"},
+                                             {kDialogOk, "OK"},
+                                             {kDialogCancel, "Cancel"}};
+
+// Longer than any call of a responsive host, far shorter than a menu held open.
+constexpr double kLongestAllowedCallMs = 1000.0;
+// How long the user keeps the menu or a dialog open.
+constexpr auto kHeldOpen = 1500ms;
+// Time for the editor to take in a step, many idle calls long.
+constexpr auto kSettle = 500ms;
+// The most any window or host call is waited for.
+constexpr auto kPatience = 5s;
+
+constexpr int kCopiedProgram = 2; // the second choosable entry: program 0 is the current one
+constexpr int kSavedSlot = 5;     // five steps down from the current program
+constexpr int kSwitchedProgram = 1;
+constexpr float kAutomatedGain = 0.25f;
+constexpr float kAutomatedFrequency = 0.375f;
+
+// The toolkit's windows: the menu is a pop-up of its own class, the dialog has its title.
+const std::string kMenu = "--onlyvisible --class '^ZephyraPopup$'";
+const std::string kSaveDialog = "--onlyvisible --name '^Save Program$'";
+// The save dialog's buttons, as its layout places them below the 28-pixel caption the
+// toolkit draws.
+constexpr int kCancelX = 152;
+constexpr int kOkX = 244;
+constexpr int kButtonY = 135;
+
+std::string ClickAt(const std::string& window, int x, int y) {
+    return "xdotool mousemove --window " + window + " " + std::to_string(x) + " " +
+           std::to_string(y) + " click 1";
+}
+
+std::string ClickOn(const std::string& window, const RECT& rect) {
+    return ClickAt(window, (rect.left + rect.right) / 2, (rect.top + rect.bottom) / 2);
+}
+
+template <typename Result>
+bool Arrives(std::future<Result>& result, std::chrono::milliseconds limit) {
+    return result.wait_for(limit) == std::future_status::ready;
+}
+
+std::vector<float> Parameters(PluginInstance& plugin) {
+    std::vector<float> values;
+    for (int index = 0; index < kNumParams; ++index)
+        values.push_back(plugin.parameter(index));
+    return values;
+}
+
+// The values a program's record holds, with one parameter replaced.
+std::vector<float> ValuesOf(const ZephyraProgramRecord& record, int changed = -1,
+                            float value = 0.0f) {
+    std::vector<float> values(record.param, record.param + kNumParams);
+    if (changed >= 0)
+        values[static_cast<std::size_t>(changed)] = value;
+    return values;
+}
+
+// Waits for a file with content; what it holds then, empty when none came in time.
+std::string WaitForFile(const std::string& path) {
+    const auto end = std::chrono::steady_clock::now() + kPatience;
+    std::string bytes = ReadWholeFile(path);
+    while (bytes.empty() && std::chrono::steady_clock::now() < end) {
+        std::this_thread::sleep_for(100ms);
+        bytes = ReadWholeFile(path);
+    }
+    return bytes;
+}
+
+// The host on its own thread with the editor open, the user's preferences in a private
+// folder, and the longest calls reported whatever happens.
+class HostResponsiveness : public ::testing::Test {
+protected:
+    void SetUp() override {
+        if (std::getenv("DISPLAY") == nullptr)
+            GTEST_SKIP() << "no X display; run under xvfb-run";
+        if (!RunCommand("command -v xdotool > /dev/null"))
+            GTEST_SKIP() << "xdotool is not installed";
+        ASSERT_FALSE(factory.empty()) << "the factory bank ships beside the module";
+        host = std::make_unique<UiThreadHost>(ZEPHYRA_MODULE, kPhaseCount);
+        ASSERT_EQ(host->WaitUntilOpen(10s), "");
+        window = std::to_string(host->Window());
+        std::this_thread::sleep_for(kSettle);
+    }
+
+    void TearDown() override {
+        if (!host)
+            return;
+        host->EnterPhase(kClosing);
+        // A step that failed may leave the menu or a dialog open; where it runs inside a host
+        // call, the host could not close the editor and end its thread until it goes.
+        for (const std::string& search : {kMenu, kSaveDialog}) {
+            if (!FindWindow(search, 0ms).empty()) {
+                RunCommand("xdotool key Escape");
+                std::this_thread::sleep_for(kSettle);
+            }
+        }
+        std::string report = "Longest host call (ms):";
+        for (const ReportedPhase& reported : kReportedPhases) {
+            char figure[64];
+            std::snprintf(figure, sizeof figure, " %s %.0f;", reported.name,
+                          host->LongestCallMs(reported.phase));
+            report += figure;
+        }
+        std::printf("%s\n", report.c_str());
+    }
+
+    // Keeps the menu or dialog open a while; the host's call must be made meanwhile.
+    template <typename Result> void HoldOpen(std::future<Result>& hostCall, const char* what) {
+        std::this_thread::sleep_for(kHeldOpen);
+        EXPECT_TRUE(Arrives(hostCall, 0ms)) << "the host's call came while " << what << " was open";
+    }
+
+    // The user's closing step; then the window must go and the editor take it in.
+    void CloseWith(const std::string& command, const std::string& search, const char* what) {
+        ASSERT_TRUE(RunCommand(command));
+        EXPECT_TRUE(WaitForNoWindow(search, kPatience)) << what << " closed its window";
+        std::this_thread::sleep_for(kSettle);
+    }
+
+    // The parameters as the host reads them now; none when the host does not answer.
+    std::vector<float> HostsParameters() {
+        auto values = host->Call<std::vector<float>>(Parameters);
+        if (!Arrives(values, kPatience))
+            return {};
+        return values.get();
+    }
+
+    // The copy menu, held open while the host automates a gain, then a program chosen from
+    // it by keys: from the top, the keys pass the current program.
+    void CopyAProgramFromTheMenu() {
+        host->EnterPhase(kMenuOpen);
+        ASSERT_TRUE(RunCommand(ClickOn(window, kCopyButtonLayout.rect)));
+        ASSERT_FALSE(FindWindow(kMenu, kPatience).empty()) << "the copy button opened the menu";
+        auto automatedGain = host->Call<float>([](PluginInstance& plugin) {
+            plugin.setParameter(kParamGain1, kAutomatedGain);
+            return plugin.parameter(kParamGain1);
+        });
+        HoldOpen(automatedGain, "the menu");
+        host->EnterPhase(kChoiceMade);
+        ASSERT_NO_FATAL_FAILURE(CloseWith("xdotool key Home Down Return", kMenu, "the choice"));
+        const std::vector<float> afterCopy = HostsParameters();
+        ASSERT_TRUE(Arrives(automatedGain, 0ms));
+        EXPECT_FLOAT_EQ(automatedGain.get(), kAutomatedGain);
+        EXPECT_EQ(afterCopy, ValuesOf(RecordIn(factory, kCopiedProgram)))
+            << "the chosen program was copied over the automated gain";
+    }
+
+    // The save dialog, held open while the host automates a frequency; the sixth slot
+    // chosen, a name typed, and OK.
+    void SaveThroughTheDialog() {
+        host->EnterPhase(kDialogOpen);
+        ASSERT_TRUE(RunCommand(ClickOn(window, kSaveButtonRect)));
+        const std::string dialog = FindWindow(kSaveDialog, kPatience);
+        ASSERT_FALSE(dialog.empty()) << "the save button opened the dialog";
+        auto automatedFrequency = host->Call<float>([](PluginInstance& plugin) {
+            plugin.setParameter(kParamFreq1, kAutomatedFrequency);
+            return plugin.parameter(kParamFreq1);
+        });
+        ASSERT_TRUE(RunCommand("xdotool key Down Down Down Down Down Tab"));
+        ASSERT_TRUE(RunCommand("xdotool type 'Held Saved'"));
+        HoldOpen(automatedFrequency, "the dialog");
+        host->EnterPhase(kDialogOk);
+        ASSERT_NO_FATAL_FAILURE(CloseWith(ClickAt(dialog, kOkX, kButtonY), kSaveDialog, "OK"));
+        const std::string saved = WaitForFile(bankFile);
+        ASSERT_FALSE(saved.empty()) << "OK wrote the user's bank file";
+        const ZephyraProgramRecord record = RecordIn(saved, kSavedSlot);
+        EXPECT_STREQ(record.name, "Held Saved");
+        EXPECT_EQ(ValuesOf(record),
+                  ValuesOf(RecordIn(factory, kCopiedProgram), kParamFreq1, kAutomatedFrequency))
+            << "the copied program with the frequency automated before OK";
+    }
+
+    // The dialog again, a name typed, the host switching programs, and Cancel.
+    void CancelTheDialog() {
+        host->EnterPhase(kDialogCancel);
+        const std::string bankBeforeCancel = ReadWholeFile(bankFile);
+        ASSERT_TRUE(RunCommand(ClickOn(window, kSaveButtonRect)));
+        const std::string dialog = FindWindow(kSaveDialog, kPatience);
+        ASSERT_FALSE(dialog.empty()) << "the save button opened the dialog again";
+        auto switched = host->Call<int>([](PluginInstance& plugin) {
+            plugin.dispatch(effSetProgram, 0, kSwitchedProgram);
+            return static_cast<int>(plugin.dispatch(effGetProgram));
+        });
+        ASSERT_TRUE(RunCommand("xdotool key Tab"));
+        ASSERT_TRUE(RunCommand("xdotool type 'Not Saved'"));
+        HoldOpen(switched, "the dialog");
+        ASSERT_NO_FATAL_FAILURE(
+            CloseWith(ClickAt(dialog, kCancelX, kButtonY), kSaveDialog, "Cancel"));
+        const std::vector<float> afterCancel = HostsParameters();
+        ASSERT_TRUE(Arrives(switched, 0ms));
+        EXPECT_EQ(switched.get(), kSwitchedProgram);
+        EXPECT_EQ(ReadWholeFile(bankFile), bankBeforeCancel) << "Cancel wrote nothing";
+        EXPECT_EQ(afterCancel, ValuesOf(RecordIn(bankBeforeCancel, kSwitchedProgram)))
+            << "Cancel left the program the host switched to as it was stored";
+    }
+
+    TempFolder preferences;
+    ScopedEnv preferencesFolder{"XDG_CONFIG_HOME", preferences.Path()};
+    const std::string bankFile = preferences / "ZephyraDef.fxb";
+    const std::string factory = ReadWholeFile(FactoryBankBeside(ZEPHYRA_MODULE));
+    std::unique_ptr<UiThreadHost> host;
+    std::string window;
+};
+
+TEST_F(HostResponsiveness, MenuAndDialogsLeaveTheHostsUiThreadFree) {
+    ASSERT_NO_FATAL_FAILURE(CopyAProgramFromTheMenu());
+    ASSERT_NO_FATAL_FAILURE(SaveThroughTheDialog());
+    ASSERT_NO_FATAL_FAILURE(CancelTheDialog());
+    for (const ReportedPhase& reported : kReportedPhases) {
+        EXPECT_LT(host->LongestCallMs(reported.phase), kLongestAllowedCallMs)
+            << "the host was held in one call while " << reported.name;
+    }
+}
+
+} // namespace
