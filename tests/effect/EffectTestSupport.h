@@ -4,21 +4,13 @@
 
 #include "AZephyra.h"
 #include "RecordingHost.h"
+#include "RecordingPanel.h"
 #include "TempFolder.h"
 
 #include <cstring>
 #include <string>
 #include <utility>
 #include <vector>
-
-class RecordingPanel : public ZephyraPanel {
-public:
-    void UpdateControl(int index, float value) override { controls.emplace_back(index, value); }
-    void UpdateModify() override { ++modifies; }
-
-    std::vector<std::pair<int, float>> controls;
-    int modifies = 0;
-};
 
 // An editor whose panel is always open.
 class PanelEditor : public ZephyraEditorBase {
