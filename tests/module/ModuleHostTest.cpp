@@ -2,8 +2,8 @@
 // talks to it only through the record: identity, dispatcher answers, parameter texts,
 // chunks, and audio compared bit for bit with a plain evaluation of the formulas.
 #include "HeldLibraries.h"
-#include "PlainEqualizer.h"
 #include "RecordingHost.h"
+#include "ReferenceEqualizer.h"
 #include "TempFolder.h"
 
 #include <gtest/gtest.h>
@@ -209,16 +209,17 @@ protected:
     std::vector<float> Expected(int channel) const {
         const float* v = GetParam().normalised;
         const auto band = [v](int first) {
-            return plain::Biquad(48000.0f, plain::EngineValue(20.0f, 20000.0f, v[first + 2]),
-                                 plain::EngineValue(-12.0f, 12.0f, v[first + 1]),
-                                 plain::EngineValue(0.3f, 10.0f, v[first + 3]),
-                                 static_cast<plain::Response>(std::lround(v[first] * 2.0f)));
+            return reference::Band{static_cast<int>(std::lround(v[first] * 2.0f)),
+                                   reference::FixedFromNormalised(-12.0f, 12.0f, v[first + 1]),
+                                   reference::FixedFromNormalised(20.0f, 20000.0f, v[first + 2]),
+                                   reference::FixedFromNormalised(0.3f, 10.0f, v[first + 3])};
         };
-        plain::Channel chain{plain::LevelGain(1.0f, 0.0f, v[2]), band(3), band(7),
-                             plain::LevelGain(2.0f, 6.0f, v[1])};
+        reference::Channel chain(48000.0f, reference::LevelFixedFromNormalised(1.0f, 0.0f, v[2]),
+                                 reference::LevelFixedFromNormalised(2.0f, 6.0f, v[1]), band(3),
+                                 band(7));
         std::vector<float> out;
         for (int i = 0; i < kFrames; ++i) {
-            out.push_back(chain.Step(Input(channel, i)));
+            out.push_back(chain.Run(Input(channel, i)));
         }
         return out;
     }

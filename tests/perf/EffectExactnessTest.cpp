@@ -97,7 +97,7 @@ private:
     }
 
     AZephyra m_effect;
-    plain::Effect m_model;
+    reference::Effect m_model;
     float m_input;
     float m_onOff;
 };

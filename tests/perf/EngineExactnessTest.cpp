@@ -27,7 +27,7 @@ tWAVEFORMATEX Stereo44100() {
 // The engine under test and its plain twin, changed together.
 struct Pair {
     CMultiEqualizer engine;
-    plain::Engine model;
+    reference::Engine model;
 
     explicit Pair(int workLength) {
         const tWAVEFORMATEX format = Stereo44100();
@@ -62,8 +62,8 @@ struct Pair {
         if (metered) {
             StereoPeaks peaks{};
             engine.TransformMetered(actual.In(), frames, actual.Out(), &peaks);
-            const plain::Peaks want =
-                plain::TransformMetered(model, expected.In(), expected.Out(), frames);
+            const reference::Peaks want =
+                reference::TransformMetered(model, expected.In(), expected.Out(), frames);
             for (int c = 0; c < 2; ++c) {
                 if (peaks.input[c] != want.input[c] || peaks.output[c] != want.output[c]) {
                     return "peaks of channel " + std::to_string(c);
@@ -176,7 +176,7 @@ TEST(FusedEngine, NanInputPropagatesAsTheStagedPathAndNeverWinsAPeak) {
 
     StereoPeaks peaks{};
     pair.engine.TransformMetered(in, 64, gotOut, &peaks);
-    const plain::Peaks expected = plain::TransformMetered(pair.model, in, wantOut, 64);
+    const reference::Peaks expected = reference::TransformMetered(pair.model, in, wantOut, 64);
 
     for (int c = 0; c < 2; ++c) {
         EXPECT_EQ(0, std::memcmp(got[c].data(), want[c].data(), 64 * sizeof(float)));

@@ -11,22 +11,22 @@
 #include <cstdint>
 #include <vector>
 
-namespace plain {
+namespace reference {
 
 // Both channels of the engine with its settings as 16.16 values at 44100 Hz.
 struct Engine {
     float inputGain = 1.0f;
     float outputGain = 1.0f;
     bool active[2] = {true, true};
-    reference::Biquad band[2][2]; // [band][channel]
+    Biquad band[2][2]; // [band][channel]
     bool overLevel = false;
     int workLength = 256;
 
-    void SetBand(int b, reference::Band settings) {
+    void SetBand(int b, Band settings) {
         for (auto& section : band[b]) {
-            const reference::Biquad designed = reference::Design(
-                44100.0f, reference::FromFixed(settings.freq), reference::FromFixed(settings.gain),
-                reference::FromFixed(settings.q), settings.type);
+            const Biquad designed =
+                Design(44100.0f, FromFixed(settings.freq), FromFixed(settings.gain),
+                       FromFixed(settings.q), settings.type);
             section.a0 = designed.a0;
             section.a1 = designed.a1;
             section.a2 = designed.a2;
@@ -53,7 +53,7 @@ struct Engine {
             for (int b = 0; b < 2; ++b) {
                 for (int c = 0; c < 2 && active[b]; ++c) {
                     for (float& sample : work[c]) {
-                        sample = reference::Step(band[b][c], sample);
+                        sample = Step(band[b][c], sample);
                     }
                 }
             }
@@ -137,4 +137,4 @@ struct Effect {
     }
 };
 
-} // namespace plain
+} // namespace reference

@@ -1,7 +1,11 @@
 // A plain, sample-at-a-time evaluation of the equaliser's formulas, written apart from dsp/
-// so that the code under test is never its own judge.
+// and effect/ so that the code under test is never its own judge: the host's normalised
+// values taken to the engine's 16.16 settings, the filter design in single precision with
+// double-precision library calls, and the direct form I difference equation in its term
+// order.
 #pragma once
 
+#include <algorithm>
 #include <cmath>
 #include <cstdint>
 #include <random>
@@ -69,6 +73,21 @@ inline float FromFixed(int v) {
 
 inline float LevelGain(int levelFixed) {
     return (float)std::pow(10.0, (double)(FromFixed(levelFixed) / 20.0f));
+}
+
+// A continuous parameter (range min..max) as the engine's 16.16 setter receives it.
+inline int FixedFromNormalised(float min, float max, float normalised) {
+    const float x = std::clamp((max - min) * normalised + min, min, max);
+    return static_cast<int>(x * 65536.0f);
+}
+
+// A level parameter (a linear factor of 0.001..maxFactor, 6 dB per doubling, at most maxDb)
+// as the engine's 16.16 setter receives it.
+inline int LevelFixedFromNormalised(float maxFactor, float maxDb, float normalised) {
+    const float factor = std::clamp((maxFactor - 0.001f) * normalised + 0.001f, 0.001f, maxFactor);
+    const double dB = std::clamp(std::log(static_cast<double>(factor)) / std::log(2.0) * 6.0,
+                                 -100.0, static_cast<double>(maxDb));
+    return static_cast<int>(static_cast<float>(dB) * 65536.0f);
 }
 
 // One band as the engine's 16.16 setters receive it.
