@@ -37,33 +37,6 @@ int CComboBox::AddString(const char* text) {
     return GetCount() - 1;
 }
 
-int CComboBox::InsertString(int index, const char* text) {
-    if (index < 0 || index > GetCount())
-        index = GetCount();
-    m_entries.insert(m_entries.begin() + index, CString(text));
-    if (m_selected >= index)
-        ++m_selected;
-    return index;
-}
-
-int CComboBox::DeleteString(int index) {
-    if (index < 0 || index >= GetCount())
-        return CB_ERR;
-    m_entries.erase(m_entries.begin() + index);
-    if (m_selected == index)
-        m_selected = CB_ERR;
-    else if (m_selected > index)
-        --m_selected;
-    ShowSelection();
-    return GetCount();
-}
-
-void CComboBox::ResetContent() {
-    m_entries.clear();
-    m_selected = CB_ERR;
-    ShowSelection();
-}
-
 int CComboBox::SetCurSel(int index) {
     if (index < -1 || index >= GetCount())
         return CB_ERR;
@@ -82,18 +55,6 @@ int CComboBox::GetLBText(int index, CString& text) const {
         return CB_ERR;
     text = m_entries[index];
     return text.GetLength();
-}
-
-int CComboBox::GetLBTextLen(int index) const {
-    return index < 0 || index >= GetCount() ? CB_ERR : m_entries[index].GetLength();
-}
-
-int CComboBox::FindStringExact(int startAfter, const char* text) const {
-    for (int i = std::max(0, startAfter + 1); i < GetCount(); ++i) {
-        if (m_entries[i] == text)
-            return i;
-    }
-    return CB_ERR;
 }
 
 void CComboBox::ChooseByUser(int index) {

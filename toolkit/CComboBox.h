@@ -15,17 +15,12 @@ public:
     virtual bool Create(DWORD style, const RECT& rect, CWnd* parent, UINT id);
 
     int AddString(const char* text);
-    int InsertString(int index, const char* text);
-    int DeleteString(int index);
-    void ResetContent();
     int GetCount() const { return static_cast<int>(m_entries.size()); }
     // The selected index (from 0), or CB_ERR when nothing is selected.
     int GetCurSel() const { return m_selected; }
     // Selects an entry (-1 for none); CB_ERR for an index outside the list.
     int SetCurSel(int index);
     int GetLBText(int index, CString& text) const;
-    int GetLBTextLen(int index) const;
-    int FindStringExact(int startAfter, const char* text) const;
     // Opens the list and returns; a choice from it reaches the parent once the list closes.
     void ShowDropDown(bool show = true);
 

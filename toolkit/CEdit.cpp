@@ -57,11 +57,6 @@ void CEdit::GetSel(int& start, int& end) const {
     end = std::max(m_anchor, m_caret);
 }
 
-void CEdit::ReplaceSel(const char* text) {
-    ReplaceSelection(text ? text : "");
-    NotifyParent(EN_CHANGE);
-}
-
 void CEdit::SetWindowText(const char* text) {
     SetTextForSpin(text);
     NotifyParent(EN_CHANGE);

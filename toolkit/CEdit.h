@@ -21,7 +21,6 @@ public:
     // is not used.
     void SetSel(int start, int end, bool noScroll = false);
     void GetSel(int& start, int& end) const;
-    void ReplaceSel(const char* text);
     // Sets the text with the caret at its end and tells the parent (EN_CHANGE).
     void SetWindowText(const char* text) override;
     // Sets the text without telling anyone (a spin button writing its position).

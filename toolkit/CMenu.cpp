@@ -7,12 +7,6 @@ bool CMenu::CreatePopupMenu() {
     return true;
 }
 
-bool CMenu::DestroyMenu() {
-    const bool existed = m_menu != nullptr;
-    m_menu.reset();
-    return existed;
-}
-
 CMenu* CMenu::FromHandle(HMENU menu) {
     return menu ? menu->Owner() : nullptr;
 }
@@ -23,10 +17,6 @@ bool CMenu::AppendMenu(UINT flags, UINT id, const char* text) {
     AppendMenuItemNS(*m_menu, text ? text : "", id, (flags & (MF_GRAYED | MF_DISABLED)) == 0,
                      (flags & MF_CHECKED) != 0, (flags & MF_SEPARATOR) != 0);
     return true;
-}
-
-int CMenu::GetMenuItemCount() const {
-    return m_menu ? static_cast<int>(m_menu->Items().size()) : -1;
 }
 
 NativeMenuItem* CMenu::Find(UINT item, UINT flags) {
@@ -48,15 +38,6 @@ int CMenu::EnableMenuItem(UINT item, UINT flags) {
         return -1;
     const int previous = found->enabled ? MF_ENABLED : MF_GRAYED;
     found->enabled = (flags & (MF_GRAYED | MF_DISABLED)) == 0;
-    return previous;
-}
-
-int CMenu::CheckMenuItem(UINT item, UINT flags) {
-    NativeMenuItem* found = Find(item, flags);
-    if (!found)
-        return -1;
-    const int previous = found->checked ? MF_CHECKED : MF_UNCHECKED;
-    found->checked = (flags & MF_CHECKED) != 0;
     return previous;
 }
 

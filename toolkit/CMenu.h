@@ -26,17 +26,14 @@ constexpr UINT TPM_LEFTBUTTON = 0x0000;
 class CMenu : public CObject {
 public:
     bool CreatePopupMenu();
-    bool DestroyMenu();
     HMENU GetSafeHmenu() const { return m_menu.get(); }
     // The CMenu of a native menu (as WM_INITMENUPOPUP carries it), or null.
     static CMenu* FromHandle(HMENU menu);
 
     bool AppendMenu(UINT flags, UINT id = 0, const char* text = nullptr);
-    int GetMenuItemCount() const;
     // The previous state (MF_GRAYED or MF_ENABLED, MF_CHECKED or MF_UNCHECKED), -1 when the
     // item does not exist.
     int EnableMenuItem(UINT item, UINT flags);
-    int CheckMenuItem(UINT item, UINT flags);
 
     // Shows the menu at (x, y) in the owner's client coordinates. Unlike the Win32 call it
     // returns at once, true when the menu is shown, and does not wait for the choice: no

@@ -49,11 +49,6 @@ void CSpinButtonCtrl::SetRange32(int lower, int upper) {
     m_upper = upper;
 }
 
-void CSpinButtonCtrl::GetRange32(int& lower, int& upper) const {
-    lower = m_lower;
-    upper = m_upper;
-}
-
 int CSpinButtonCtrl::Clamp(int position) const {
     return std::clamp(position, std::min(m_lower, m_upper), std::max(m_lower, m_upper));
 }

@@ -19,7 +19,6 @@ public:
     CWnd* GetBuddy() const { return m_buddy; }
     void SetRange(short lower, short upper) { SetRange32(lower, upper); }
     void SetRange32(int lower, int upper);
-    void GetRange32(int& lower, int& upper) const;
     // Sets the position (kept inside the range) and writes it into the buddy; returns the
     // previous position.
     int SetPos(int position);

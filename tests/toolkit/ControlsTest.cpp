@@ -76,9 +76,6 @@ TEST_F(ControlsTest, LimitCutsWhatDoesNotFit) {
     driver.Type("12345");
     EXPECT_EQ(Text(), "123");
     EXPECT_EQ(field.GetLimitText(), 3u);
-    field.SetSel(0, -1);
-    field.ReplaceSel("abcdef");
-    EXPECT_EQ(Text(), "abc");
 }
 
 TEST_F(ControlsTest, SelectionIsReplacedByTyping) {
@@ -302,23 +299,6 @@ TEST_F(ComboTest, KeysChangeTheSelectionAndNotify) {
     driver.Key(kKeyUp, kCharUp);
     EXPECT_EQ(list.GetCurSel(), 1);
     EXPECT_EQ(Notifications(kList).size(), 5u);
-}
-
-TEST_F(ComboTest, EditingTheEntriesKeepsTheSelectionOnItsEntry) {
-    list.AddString("a");
-    list.AddString("b");
-    list.SetCurSel(1);
-    list.InsertString(0, "first");
-    EXPECT_EQ(list.GetCurSel(), 2);
-    CString text;
-    EXPECT_EQ(list.GetLBText(2, text), 1);
-    EXPECT_EQ(text, "b");
-    EXPECT_EQ(list.FindStringExact(-1, "a"), 1);
-    list.DeleteString(2);
-    EXPECT_EQ(list.GetCurSel(), CB_ERR);
-    EXPECT_EQ(list.GetLBText(7, text), CB_ERR);
-    list.ResetContent();
-    EXPECT_EQ(list.GetCount(), 0);
 }
 
 } // namespace

@@ -17,13 +17,6 @@ void CRect::InflateRect(int dx, int dy) {
     bottom += dy;
 }
 
-void CRect::NormalizeRect() {
-    if (left > right)
-        std::swap(left, right);
-    if (top > bottom)
-        std::swap(top, bottom);
-}
-
 bool CRect::IntersectRect(const RECT& a, const RECT& b) {
     CRect result(std::max(a.left, b.left), std::max(a.top, b.top), std::min(a.right, b.right),
                  std::min(a.bottom, b.bottom));

@@ -38,7 +38,6 @@ public:
     void OffsetRect(const POINT& offset) { OffsetRect(offset.x, offset.y); }
     void InflateRect(int dx, int dy);
     void DeflateRect(int dx, int dy) { InflateRect(-dx, -dy); }
-    void NormalizeRect();
     // Both return whether the result is non-empty; an empty intersection becomes all zeros.
     bool IntersectRect(const RECT& a, const RECT& b);
     bool UnionRect(const RECT& a, const RECT& b);

@@ -29,24 +29,6 @@ char CString::GetAt(int index) const {
     return m_text[static_cast<size_t>(index)];
 }
 
-void CString::SetAt(int index, char character) {
-    if (index >= 0 && index < GetLength())
-        m_text[static_cast<size_t>(index)] = character;
-}
-
-char* CString::GetBuffer(int minLength) {
-    if (minLength > GetLength())
-        m_text.resize(static_cast<size_t>(minLength), '\0');
-    return m_text.data();
-}
-
-void CString::ReleaseBuffer(int newLength) {
-    const int capacity = GetLength();
-    if (newLength < 0)
-        newLength = static_cast<int>(strnlen(m_text.c_str(), static_cast<size_t>(capacity)));
-    m_text.resize(static_cast<size_t>(std::min(newLength, capacity)));
-}
-
 void CString::FormatV(const char* format, va_list arguments) {
     if (!format) {
         m_text.clear();
@@ -73,15 +55,6 @@ void CString::Format(const char* format, ...) {
     va_end(arguments);
 }
 
-void CString::AppendFormat(const char* format, ...) {
-    CString tail;
-    va_list arguments;
-    va_start(arguments, format);
-    tail.FormatV(format, arguments);
-    va_end(arguments);
-    m_text += tail.m_text;
-}
-
 CString& CString::operator=(const char* text) {
     m_text = text ? text : "";
     return *this;
@@ -105,10 +78,6 @@ CString& CString::operator+=(char character) {
 
 int CString::Compare(const char* text) const {
     return std::strcmp(m_text.c_str(), text ? text : "");
-}
-
-int CString::CompareNoCase(const char* text) const {
-    return strcasecmp(m_text.c_str(), text ? text : "");
 }
 
 int CString::Find(char character, int start) const {
@@ -142,29 +111,6 @@ CString CString::Mid(int first, int count) const {
 CString CString::Right(int count) const {
     const int taken = ClampCount(count, GetLength());
     return CString(m_text.substr(static_cast<size_t>(GetLength() - taken)));
-}
-
-// Only ASCII letters change case, so the bytes of UTF-8 sequences (all above 0x7F) survive.
-CString& CString::MakeUpper() {
-    for (char& c : m_text)
-        if (c >= 'a' && c <= 'z')
-            c = static_cast<char>(c - 'a' + 'A');
-    return *this;
-}
-
-CString& CString::MakeLower() {
-    for (char& c : m_text)
-        if (c >= 'A' && c <= 'Z')
-            c = static_cast<char>(c - 'A' + 'a');
-    return *this;
-}
-
-CString& CString::Trim() {
-    const auto isSpace = [](char c) { return c == ' ' || c == '\t' || c == '\r' || c == '\n'; };
-    const auto first = std::find_if_not(m_text.begin(), m_text.end(), isSpace);
-    const auto last = std::find_if_not(m_text.rbegin(), m_text.rend(), isSpace).base();
-    m_text = first < last ? std::string(first, last) : std::string();
-    return *this;
 }
 
 CString operator+(const CString& a, const CString& b) {

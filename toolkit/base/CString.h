@@ -21,17 +21,10 @@ public:
     // Out-of-range indices read as the terminating NUL rather than past the text.
     char GetAt(int index) const;
     char operator[](int index) const { return GetAt(index); }
-    void SetAt(int index, char character);
-
-    // Writable storage for at least minLength characters plus the terminator; the text's
-    // length is settled by ReleaseBuffer (the first NUL when newLength is negative).
-    char* GetBuffer(int minLength = 0);
-    void ReleaseBuffer(int newLength = -1);
 
     // Formatting into a temporary first makes it safe to pass the string itself as an argument.
     void Format(const char* format, ...) __attribute__((format(printf, 2, 3)));
     void FormatV(const char* format, va_list arguments);
-    void AppendFormat(const char* format, ...) __attribute__((format(printf, 2, 3)));
 
     CString& operator=(const char* text);
     CString& operator+=(const CString& text);
@@ -39,16 +32,12 @@ public:
     CString& operator+=(char character);
 
     int Compare(const char* text) const;
-    int CompareNoCase(const char* text) const;
     int Find(char character, int start = 0) const;
     int Find(const char* text, int start = 0) const;
     CString Left(int count) const;
     CString Mid(int first) const;
     CString Mid(int first, int count) const;
     CString Right(int count) const;
-    CString& MakeUpper();
-    CString& MakeLower();
-    CString& Trim();
 
 private:
     std::string m_text;
