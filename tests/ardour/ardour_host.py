@@ -158,6 +158,9 @@ class Ardour:
                 os.remove(results)
             if new_session:
                 shutil.rmtree(self.env["ZT_SESSION_DIR"], ignore_errors=True)
+            if "out" in values:  # the export folder: no file of an earlier attempt
+                shutil.rmtree(values["out"], ignore_errors=True)
+                os.makedirs(values["out"])
             completed = self.run([self.options.luasession, os.path.join(HERE, script)], env)
             lines = []
             if os.path.exists(results):
@@ -167,6 +170,8 @@ class Ardour:
                 return lines[:-1]
             logs.append("exit %d:\n%s" % (completed.returncode,
                                           completed.stdout.decode(errors="replace")))
+            print("%s stopped before its results (exit %d), attempt %d"
+                  % (script, completed.returncode, attempt))
         raise Failure("%s did not finish, twice:\n%s" % (script, "\n".join(logs)))
 
     def export_folder(self, name):
