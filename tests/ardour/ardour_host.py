@@ -254,8 +254,8 @@ def check_same_audio(actual, expected, what):
     if actual_bytes != expected_bytes:
         first = next(i for i in range(len(actual_bytes)) if actual_bytes[i] != expected_bytes[i])
         raise Failure("%s: samples differ from byte %d on" % (what, first))
-    silent = struct.unpack("<%df" % (len(actual_bytes) // 4), actual_bytes)
-    check(any(sample != 0.0 for sample in silent), what + ": silence")
+    samples = struct.unpack("<%df" % (len(actual_bytes) // 4), actual_bytes)
+    check(any(sample != 0.0 for sample in samples), what + ": silence")
 
 
 def case_scan(ardour, cli):
