@@ -8,6 +8,7 @@
 #include "BankFile.h"
 #include "CCriticalSection.h"
 #include "CString.h"
+#include "HostQuirks.h"
 #include "RelaxedAtomic.h"
 #include "ZephyraEditorSeam.h"
 #include "ZephyraParameters.h"
@@ -103,6 +104,7 @@ private:
     void afterProgramRevert();
     void requestHostDisplayUpdate();
     void findPluginFolder();
+    void recogniseHost();
     bool writeBankFile(const std::string& path);
     void applyMediaType();
 
@@ -120,6 +122,8 @@ private:
     float m_meterInL, m_meterInR, m_meterOutL, m_meterOutR;
     CCriticalSection m_lock;
     ZephyraEditorBase* m_zephyraEditor;
+    // Set once, at effOpen, from the host's own strings.
+    ParameterPropertiesStyle m_propertiesStyle = ParameterPropertiesStyle::kDisplayRanges;
     // Conversion buffers of the double-precision path, sized with the block size so the
     // audio thread never allocates.
     std::vector<float> m_doubleScratch[4];

@@ -50,6 +50,7 @@ void AZephyra::findPluginFolder() {
 }
 
 void AZephyra::open() {
+    recogniseHost();
     setProgram(0);
     m_currentBank.CopyTo(m_initialBank.data());
 

@@ -189,10 +189,30 @@ void AZephyra::getParameterDisplay(int32_t index, char* text) {
     std::snprintf(text, 8, "%s", formatted);
 }
 
+// Asked at effOpen: Ardour, Qtractor and Carla all send it right after the entry point
+// and before they read any parameter properties, and by then the host knows the effect
+// its answers are for. The answer holds for the life of the instance, so the properties
+// query itself never calls back into the host.
+void AZephyra::recogniseHost() {
+    // Hosts write up to 64 characters and the terminator; some ignore the limit.
+    char product[256] = {};
+    char vendor[256] = {};
+    getHostProductString(product);
+    getHostVendorString(vendor);
+    product[sizeof(product) - 1] = 0;
+    vendor[sizeof(vendor) - 1] = 0;
+    m_propertiesStyle = ParameterPropertiesStyleFor(product, vendor);
+}
+
 bool AZephyra::getParameterProperties(int32_t index, VstParameterProperties* properties) {
     std::memset(properties, 0, sizeof(*properties));
     if (!isParameter(index)) {
         return false;
+    }
+    if (m_propertiesStyle == ParameterPropertiesStyle::kNormalised) {
+        // No flags: the host's range is the normalised 0..1 that setParameter takes.
+        std::snprintf(properties->label, sizeof(properties->label), "%s", kParamTexts[index].name);
+        return true;
     }
     const ParamMinMax& row = AutomateParamMinMax_Tbl[index];
     getParameterLabel(index, properties->label);

@@ -1,12 +1,16 @@
 // A host call-back for tests: it records every call the plug-in makes and answers each
-// opcode from a table (the version probe with 2400 unless a test says otherwise). One
+// opcode from a table (the version probe with 2400 unless a test says otherwise); an
+// opcode with a text also has the text copied to the plug-in's buffer, as hosts answer
+// the product and vendor string requests. One
 // recorder is live at a time; the plug-in reaches it through the plain function Callback.
 #pragma once
 
 #include "Vst2Interface.h"
 
 #include <algorithm>
+#include <cstring>
 #include <map>
+#include <string>
 #include <vector>
 
 struct HostCall {
@@ -37,11 +41,16 @@ public:
             return 0;
         }
         host->calls.push_back({effect, opcode, index, value, ptr, opt});
+        const auto text = host->texts.find(opcode);
+        if (text != host->texts.end() && ptr) {
+            std::memcpy(ptr, text->second.c_str(), text->second.size() + 1);
+        }
         const auto answer = host->answers.find(opcode);
         return answer == host->answers.end() ? 0 : answer->second;
     }
 
     std::map<int32_t, intptr_t> answers{{1, 2400}};
+    std::map<int32_t, std::string> texts;
     std::vector<HostCall> calls;
 
 private:
