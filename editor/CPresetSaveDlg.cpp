@@ -1,6 +1,6 @@
 #include "CPresetSaveDlg.h"
 
-#include "AZephyra.h"
+#include "AZephyraProgram.h"
 #include "DialogTemplate.h"
 #include "SJIS.h"
 #include "WinControlIds.h"
@@ -42,7 +42,7 @@ BEGIN_MESSAGE_MAP(CPresetSaveDlg, CDialog)
 ON_CBN_SELCHANGE(CPresetSaveDlg::kProgramListId, OnSelPGMCombo)
 END_MESSAGE_MAP()
 
-CPresetSaveDlg::CPresetSaveDlg(CWnd* parent, AZephyra* effect)
+CPresetSaveDlg::CPresetSaveDlg(CWnd* parent, ZephyraEditorEffect* effect)
     : CDialog(kTemplateId, parent), m_pEffect(effect) {
     RegisterSaveDialogLayout();
 }

@@ -7,8 +7,7 @@
 #include "CDialog.h"
 #include "CString.h"
 #include "MessageMap.h"
-
-class AZephyra;
+#include "ZephyraEditorSeam.h"
 
 class CPresetSaveDlg : public CDialog {
 public:
@@ -18,7 +17,7 @@ public:
     // The longest name stored, in Shift-JIS bytes.
     static constexpr int kNameBytes = 23;
 
-    CPresetSaveDlg(CWnd* parent, AZephyra* effect);
+    CPresetSaveDlg(CWnd* parent, ZephyraEditorEffect* effect);
 
     // What OnOK chose: the program (from 0) and its name in Shift-JIS.
     int GetChosenProgram() const { return m_chosenProgram; }
@@ -39,7 +38,7 @@ private:
     CComboBox m_programList;
     int m_chosenProgram = 0;
     CString m_chosenName;
-    AZephyra* m_pEffect;
+    ZephyraEditorEffect* m_pEffect;
 };
 
 // A Shift-JIS name cut to what a program keeps, without half of a two-byte character at

@@ -1,6 +1,5 @@
 #include "CUIWindow.h"
 
-#include "AZephyra.h"
 #include "CZephyraEditor.h"
 #include "MeterScale.h"
 #include "WinStyles.h"
@@ -44,7 +43,7 @@ bool CUIWindow::MakeWindow(CWnd* parent, CQMTBitmap* background, CZephyraEditor*
     return Create(nullptr, "UIWindow", WS_CHILD | WS_VISIBLE, frame, parent, 0);
 }
 
-AZephyra* CUIWindow::Effect() const {
+ZephyraEditorEffect* CUIWindow::Effect() const {
     return m_pEditor->GetZephyra();
 }
 
@@ -104,7 +103,7 @@ void CUIWindow::MakeControls() {
 
 // A fresh panel shows the effect's values, not the controls' defaults, and tells nobody.
 void CUIWindow::ShowEffectValues() {
-    AZephyra* effect = Effect();
+    ZephyraEditorEffect* effect = Effect();
     for (int slot = 0; slot < kKnobCount; ++slot)
         m_knobs[slot].SetValue(effect->getParameter(kKnobLayout[slot].parameter), nullptr, false);
     for (int slot = 0; slot < kSliderCount; ++slot)

@@ -20,7 +20,6 @@
 #include <array>
 #include <cstdint>
 
-class AZephyra;
 class CZephyraEditor;
 
 class CUIWindow : public CWnd, public ZephyraPanel {
@@ -88,7 +87,7 @@ protected:
     DECLARE_MESSAGE_MAP()
 
 private:
-    AZephyra* Effect() const;
+    ZephyraEditorEffect* Effect() const;
     CQMTBitmap& Bitmap(int resource);
     void LoadBitmaps();
     void MakeControls();

@@ -1,6 +1,6 @@
 // What the panel does with the mouse: typed entry over the read-outs, knobs and sliders
 // dragged, switches clicked, the copy-program menu, the save dialog and the program lamp.
-#include "AZephyra.h"
+#include "AZephyraProgram.h"
 #include "CClientDC.h"
 #include "CMenu.h"
 #include "CPresetSaveDlg.h"
@@ -121,7 +121,7 @@ void CUIWindow::ShowCopyMenu() {
         m_copyButton.SetValue(m_copyButton.GetValue() ? 0 : 1, false);
         m_copyButton.DrawSwitch(&dc);
     }
-    AZephyra* effect = Effect();
+    ZephyraEditorEffect* effect = Effect();
     CMenu menu;
     menu.CreatePopupMenu();
     const int current = effect->getProgram();

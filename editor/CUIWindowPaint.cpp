@@ -1,6 +1,5 @@
 // The panel's painting: background, read-outs, meters and lamps composed off-screen and
 // copied at once, then the controls straight onto the window.
-#include "AZephyra.h"
 #include "CClientDC.h"
 #include "CPaintDC.h"
 #include "CUIWindow.h"
@@ -140,7 +139,7 @@ void CUIWindow::idle() {
 // New peaks when the audio side has processed since the last look, else a slow fall; the
 // meters are drawn only when a level moved.
 void CUIWindow::UpdateMeters() {
-    AZephyra* effect = Effect();
+    ZephyraEditorEffect* effect = Effect();
     const std::array<float, kMeterCount> before = m_meterLevels;
     const std::uint16_t sequence = effect->GetProcessCounter();
     if (sequence != m_meterSequence) {

@@ -1,5 +1,4 @@
 // How values travel between the panel's controls and the effect.
-#include "AZephyra.h"
 #include "CClientDC.h"
 #include "CUIWindow.h"
 #include "CZephyraEditor.h"
@@ -19,7 +18,7 @@ constexpr float kTypeValues[kTypesPerBand] = {0.0f, 0.5f, 1.0f};
 } // namespace
 
 void CUIWindow::ChangeControl(int id, float value) {
-    AZephyra* effect = Effect();
+    ZephyraEditorEffect* effect = Effect();
     for (const ValueControlLayout& layout : kKnobLayout) {
         if (static_cast<int>(layout.id) == id)
             effect->setParameterFormUI(layout.parameter, value);

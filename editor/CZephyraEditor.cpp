@@ -12,7 +12,7 @@ namespace {
 using UiLock = std::lock_guard<std::recursive_mutex>;
 } // namespace
 
-CZephyraEditor::CZephyraEditor(AZephyra* effect) : ZephyraEditorBase(effect) {
+CZephyraEditor::CZephyraEditor(AZephyra* effect) : ZephyraEditorBase(effect), m_effect(effect) {
     m_background.LoadResourceBitmap(MAKEINTRESOURCE(kBitmapBackground));
     effect->setEditor(this);
     m_rect.top = 0;
@@ -28,10 +28,6 @@ CZephyraEditor::~CZephyraEditor() {
 
 ZephyraEditorBase* CZephyraEditor::Make(AZephyra* effect) {
     return new CZephyraEditor(effect);
-}
-
-AZephyra* CZephyraEditor::GetZephyra() {
-    return static_cast<AZephyra*>(getEffect());
 }
 
 bool CZephyraEditor::getRect(ERect** rect) {

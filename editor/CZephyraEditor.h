@@ -36,11 +36,13 @@ public:
     // While open, where the effect's changes go (from any thread); null while closed.
     ZephyraPanel* GetPanel() override;
 
-    AZephyra* GetZephyra();
+    // The effect as the panel sees it.
+    ZephyraEditorEffect* GetZephyra() { return m_effect; }
     PendingPanelUpdates& PendingUpdates() { return m_pendingUpdates; }
     CUIWindow* GetUIWindow() const { return m_pPanel.get(); }
 
 private:
+    ZephyraEditorEffect* m_effect;
     ERect m_rect{};
     CQMTBitmap m_background;
     CFrameWnd m_hostFrame;

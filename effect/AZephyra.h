@@ -23,7 +23,7 @@ class CMultiEqualizer;
 constexpr int32_t kZephyraUniqueId = FourCharCode('V', 'e', 'E', 'Q');
 extern const char kDefaultBankFileName[]; // "ZephyraDef.fxb"
 
-class AZephyra : public AudioEffectX {
+class AZephyra : public AudioEffectX, public ZephyraEditorEffect {
 public:
     explicit AZephyra(audioMasterCallback audioMaster, ZephyraEditorFactory makeEditor = nullptr);
     ~AZephyra() override;
@@ -46,36 +46,37 @@ public:
     void getParameterName(int32_t index, char* text) override;
     bool getParameterProperties(int32_t index, VstParameterProperties* properties) override;
     // A control on the panel moved: store and apply, then tell the host.
-    void setParameterFormUI(int index, float value);
+    void setParameterFormUI(int index, float value) override;
     // A value typed in display units: convert, store, apply, refresh the panel, tell the host.
-    void setParameterFromDiaplay(int index, float displayValue);
+    void setParameterFromDiaplay(int index, float displayValue) override;
     // The value a read-out shows, with a rounding bias for fields that cut to one decimal.
-    float getParameterDisplayVal(int index);
+    float getParameterDisplayVal(int index) override;
 
     // --- Programs and chunks
     void setProgram(int32_t program) override;
+    int32_t getProgram() override { return AudioEffectX::getProgram(); }
     void setProgramName(char* name) override;
     void getProgramName(char* name) override;
     bool getProgramNameIndexed(int32_t category, int32_t index, char* text) override;
     int32_t getChunk(void** data, bool isPreset) override;
     int32_t setChunk(void* data, int32_t byteSize, bool isPreset) override;
-    bool IsProgramChanged();
-    void ProgramToInitial();
+    bool IsProgramChanged() override;
+    void ProgramToInitial() override;
     void ProgramToAllInitial();
-    void ProgramToFactory();
-    void ProgramToAllFactory();
-    void CopyPgFrom(int source);
+    void ProgramToFactory() override;
+    void ProgramToAllFactory() override;
+    void CopyPgFrom(int source) override;
     void SetFactoryProgram();
     // Stores the current program as program destination under the name and writes the
     // bank to the user's default bank file.
-    void SaveProgram(int destination, CString name);
+    void SaveProgram(int destination, CString name) override;
     // Imports the legacy program list into the current bank.
     void Convert();
     // The import from a given list; each program file is programPathPrefix + name + ".PGM"
     // (Convert uses the fixed legacy locations).
     void ConvertFrom(const char* listPath, const char* programPathPrefix);
     // The program names as stored (Shift-JIS bytes), for the editor's menus.
-    const char* GetProgramNameBytes(int program) const;
+    const char* GetProgramNameBytes(int program) const override;
 
     // --- Identity
     bool getEffectName(char* name) override;
@@ -86,10 +87,10 @@ public:
     VstPlugCategory getPlugCategory() override { return kPlugCategEffect; }
 
     // --- What the editor polls
-    void GetVU(float* inL, float* inR, float* outL, float* outR);
+    void GetVU(float* inL, float* inR, float* outL, float* outR) override;
     bool GetClip();
     // Advances once per processed block (wrapping at 16 bits).
-    uint16_t GetProcessCounter() const { return m_processCounter.load(); }
+    uint16_t GetProcessCounter() const override { return m_processCounter.load(); }
     CMultiEqualizer* GetEngine() { return m_engine; }
     // The folder the factory bank is read from, ending in "/".
     const char* GetPluginFolder() const { return m_pluginFolder; }

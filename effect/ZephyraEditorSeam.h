@@ -1,11 +1,46 @@
-// The narrow interface through which the effect reaches its editor without depending on
-// it: the module wires a factory in, and the effect asks the editor for its main panel
-// only to tell it about changed values and programs.
+// The two narrow interfaces between the effect and its editor. The effect reaches the
+// editor without depending on it: the module wires a factory in, and the effect asks the
+// editor for its main panel only to tell it about changed values and programs. The editor
+// reaches the effect only through what it needs of it (ZephyraEditorEffect), so the panel
+// does not depend on how the effect is hosted.
 #pragma once
 
 #include "AEffEditor.h"
+#include "CString.h"
+
+#include <cstdint>
 
 class AZephyra;
+
+// What the editor asks of the effect. All on the user-interface thread.
+class ZephyraEditorEffect {
+public:
+    // Parameters: normalised values, what the read-outs and the host show, and the two ways
+    // the panel changes a value (a control moved; a number typed in display units).
+    virtual float getParameter(int32_t index) = 0;
+    virtual void getParameterDisplay(int32_t index, char* text) = 0;
+    virtual float getParameterDisplayVal(int index) = 0;
+    virtual void setParameterFormUI(int index, float value) = 0;
+    virtual void setParameterFromDiaplay(int index, float displayValue) = 0;
+
+    // Meters: the four peaks, and a counter that moves when there are new ones.
+    virtual uint16_t GetProcessCounter() const = 0;
+    virtual void GetVU(float* inL, float* inR, float* outL, float* outR) = 0;
+
+    // Programs: the current one, names as stored (Shift-JIS), whether it was edited, and
+    // what the panel does with programs (revert, restore factory values, copy, save).
+    virtual int32_t getProgram() = 0;
+    virtual const char* GetProgramNameBytes(int program) const = 0;
+    virtual bool IsProgramChanged() = 0;
+    virtual void ProgramToInitial() = 0;
+    virtual void ProgramToFactory() = 0;
+    virtual void ProgramToAllFactory() = 0;
+    virtual void CopyPgFrom(int source) = 0;
+    virtual void SaveProgram(int destination, CString name) = 0;
+
+protected:
+    ~ZephyraEditorEffect() = default;
+};
 
 // What the effect tells the editor's main panel.
 class ZephyraPanel {
