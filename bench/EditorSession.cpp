@@ -10,11 +10,6 @@
 
 namespace {
 
-// The host answers what the effect asks: the interface version, nothing else.
-intptr_t BenchHost(AEffect*, int32_t opcode, int32_t, intptr_t, void*, float) {
-    return opcode == audioMasterVersion ? 2400 : 0;
-}
-
 class HeadlessWindow : public HostWindow {
 public:
     HeadlessWindow(CHeadlessDriver& driver, int width, int height)
@@ -70,9 +65,13 @@ std::unique_ptr<HostScreen> HostScreen::X11() {
     return std::make_unique<X11Screen>();
 }
 
-// effClose deletes the effect, as it does in a host.
+// The command-line host's call-back answers the effect. effClose deletes the effect, as it
+// does in a host.
 EditorSession::EditorSession()
-    : m_record((new AZephyra(BenchHost, CZephyraEditor::Make))->getAeffect()) {
+    : m_record((new AZephyra(hostCallback, CZephyraEditor::Make))->getAeffect()) {
+    m_host.sampleRate = kSampleRate;
+    m_host.blockSize = kBlockSize;
+    registerHostState(m_record, &m_host);
     Dispatch(effOpen);
     Dispatch(effSetSampleRate, 0, nullptr, kSampleRate);
     Dispatch(effSetBlockSize, kBlockSize);
@@ -85,6 +84,7 @@ EditorSession::~EditorSession() {
     CloseEditor();
     Dispatch(effMainsChanged, 0);
     Dispatch(effClose);
+    unregisterHostState(m_record);
 }
 
 void EditorSession::OpenEditor(HostScreen& screen) {

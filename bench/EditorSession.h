@@ -2,6 +2,7 @@
 // on either screen the editor can open on: the in-memory one or the X server of DISPLAY.
 #pragma once
 
+#include "HostState.h"
 #include "Vst2Interface.h"
 
 #include <memory>
@@ -52,6 +53,7 @@ public:
 private:
     intptr_t Dispatch(int32_t opcode, intptr_t value = 0, void* ptr = nullptr, float opt = 0.0f);
 
+    HostState m_host;
     AEffect* m_record;
     std::unique_ptr<HostWindow> m_window;
     std::vector<float> m_input = std::vector<float>(kBlockSize);

@@ -2,8 +2,8 @@
 
 #include "BenchSettings.h"
 #include "CMultiEqualizer.h"
-#include "LoadedEffect.h"
 #include "PlainEffect.h"
+#include "PluginInstance.h"
 #include "RecursionBound.h"
 
 #include <cstring>
@@ -104,16 +104,38 @@ private:
     static inline volatile float m_sink = 0.0f;
 };
 
+// The module as a host runs it while its transport plays: switched on and between
+// effStartProcess and effStopProcess.
+class RunningModule {
+public:
+    explicit RunningModule(const std::string& path)
+        : m_instance(PluginModule::load(path), kBenchSampleRate, kBenchBlock) {
+        m_instance.resume();
+        m_instance.dispatch(effStartProcess);
+    }
+    ~RunningModule() { m_instance.dispatch(effStopProcess); }
+    RunningModule(const RunningModule&) = delete;
+    RunningModule& operator=(const RunningModule&) = delete;
+
+    PluginInstance& Instance() { return m_instance; }
+
+private:
+    PluginInstance m_instance;
+};
+
 // The module at the timed settings; onOff is the ON/OFF parameter's normalised value (a
 // value between 0 and 1 switches both bands off while the effect still counts as on).
 BlockProcessor ModuleProcessor(const std::string& path, float onOff) {
-    auto effect = std::make_shared<LoadedEffect>(path, kBenchSampleRate, kBenchBlock);
+    auto module = std::make_shared<RunningModule>(path);
     for (const ParameterValue& p : kTimedSettings) {
-        effect->SetParameter(p.index, p.normalised);
+        module->Instance().setParameter(p.index, p.normalised);
     }
-    effect->SetParameter(kParamOnOff, onOff);
-    return [effect](float** in, float** out, int frames) {
-        effect->ProcessReplacing(in, out, frames);
+    module->Instance().setParameter(kParamOnOff, onOff);
+    // Timed is the record's processReplacing alone, as a host calls it: not the instance's
+    // process(), which also keeps the host's sample position.
+    AEffect* record = &module->Instance().effect();
+    return [module, record](float** in, float** out, int frames) {
+        record->processReplacing(record, in, out, frames);
     };
 }
 

@@ -73,7 +73,7 @@ std::string PluginModule::folder() const {
 
 AEffect* PluginModule::createEffect(HostState& state) const {
     registerHostState(nullptr, &state);
-    AEffect* effect = entry(hostCallback);
+    AEffect* effect = callEntry(hostCallback);
     unregisterHostState(nullptr);
     if (effect == nullptr) {
         throw ToolError(modulePath + ": the plug-in's entry point returned no effect");

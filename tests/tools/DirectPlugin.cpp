@@ -1,45 +1,19 @@
 #include "DirectPlugin.h"
 
 #include <algorithm>
-#include <dlfcn.h>
-#include <stdexcept>
 #include <vector>
 
-namespace {
-
-intptr_t minimalHost(AEffect*, int32_t opcode, int32_t, intptr_t, void*, float) {
-    return opcode == audioMasterVersion ? 2400 : 0;
-}
-
-} // namespace
-
 DirectPlugin::DirectPlugin(const std::string& path, float sampleRate, int blockSize)
-    : blockSize(blockSize) {
-    module = dlopen(path.c_str(), RTLD_NOW | RTLD_LOCAL);
-    if (module == nullptr) {
-        throw std::runtime_error(dlerror());
-    }
-    auto entry =
-        reinterpret_cast<AEffect* (*)(audioMasterCallback)>(dlsym(module, "VSTPluginMain"));
-    effect = entry(minimalHost);
-    effect->dispatcher(effect, effOpen, 0, 0, nullptr, 0.0f);
-    effect->dispatcher(effect, effSetSampleRate, 0, 0, nullptr, sampleRate);
-    effect->dispatcher(effect, effSetBlockSize, 0, blockSize, nullptr, 0.0f);
-    effect->dispatcher(effect, effMainsChanged, 0, 1, nullptr, 0.0f);
-}
-
-DirectPlugin::~DirectPlugin() {
-    effect->dispatcher(effect, effMainsChanged, 0, 0, nullptr, 0.0f);
-    effect->dispatcher(effect, effClose, 0, 0, nullptr, 0.0f);
-    dlclose(module);
+    : instance(PluginModule::load(path), sampleRate, blockSize), blockSize(blockSize) {
+    instance.resume();
 }
 
 void DirectPlugin::setProgram(int program) {
-    effect->dispatcher(effect, effSetProgram, 0, program, nullptr, 0.0f);
+    instance.dispatch(effSetProgram, 0, program);
 }
 
 void DirectPlugin::setParameter(int index, float value) {
-    effect->setParameter(effect, index, value);
+    instance.setParameter(index, value);
 }
 
 TestAudio DirectPlugin::process(const TestAudio& input, int64_t totalFrames) {
@@ -53,7 +27,7 @@ TestAudio DirectPlugin::process(const TestAudio& input, int64_t totalFrames) {
             left[i] = inside ? input.at(start + i, 0) : 0.0f;
             right[i] = inside ? input.at(start + i, 1) : 0.0f;
         }
-        effect->processReplacing(effect, inputs, outputs, static_cast<int32_t>(frames));
+        instance.process(inputs, outputs, static_cast<int>(frames));
         for (int64_t i = 0; i < frames; ++i) {
             output.samples.push_back(outLeft[i]);
             output.samples.push_back(outRight[i]);

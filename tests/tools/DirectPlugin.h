@@ -1,9 +1,9 @@
-// Drives a plug-in module straight through its record, with nothing of the tool in between:
-// the reference the tool's output is compared with.
+// Drives a plug-in module through the shared loader and its record, with none of the tool's
+// rendering in between: the reference the tool's output is compared with.
 #pragma once
 
+#include "PluginInstance.h"
 #include "TestAudio.h"
-#include "Vst2Interface.h"
 
 #include <string>
 
@@ -11,9 +11,6 @@ class DirectPlugin {
 public:
     // Loads, opens, configures and resumes, in the order hosts use.
     DirectPlugin(const std::string& path, float sampleRate, int blockSize);
-    ~DirectPlugin();
-    DirectPlugin(const DirectPlugin&) = delete;
-    DirectPlugin& operator=(const DirectPlugin&) = delete;
 
     void setProgram(int program);
     void setParameter(int index, float value);
@@ -22,7 +19,6 @@ public:
     TestAudio process(const TestAudio& input, int64_t totalFrames);
 
 private:
-    void* module;
-    AEffect* effect;
+    PluginInstance instance;
     int blockSize;
 };

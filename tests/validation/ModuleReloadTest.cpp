@@ -1,22 +1,17 @@
 // The shipped module loaded and unloaded again and again, as hosts do when they scan
 // their plug-in folders or reopen a project: every load gives a working effect, and no
 // load leaves memory, a file descriptor, a thread or a mapping behind.
-#include "HeldLibraries.h"
+#include "PluginInstance.h"
 #include "ProcessResources.h"
 #include "TempFolder.h"
 #include "TestSignal.h"
-#include "Vst2Interface.h"
 
 #include <gtest/gtest.h>
-
-#include <dlfcn.h>
 
 #include <fstream>
 #include <string>
 
 namespace {
-
-using EntryPoint = AEffect* (*)(audioMasterCallback);
 
 // Each round loads the module this often; a sanitizer build, where every load is slow, a
 // few times only.
@@ -28,10 +23,6 @@ constexpr int kLoadsPerRound = kSanitizedBuild ? 3 : 60;
 constexpr int kHeapRounds = 6;
 constexpr size_t kHeapChurn = 64;
 
-intptr_t minimalHost(AEffect*, int32_t opcode, int32_t, intptr_t, void*, float) {
-    return opcode == 1 ? 2400 : 0; // the version probe
-}
-
 size_t mappingsOfTheModule() {
     std::ifstream maps("/proc/self/maps");
     size_t count = 0;
@@ -41,33 +32,17 @@ size_t mappingsOfTheModule() {
     return count;
 }
 
-// The libraries the module brings along stay loaded, as in a host (HeldLibraries.h): what a
-// load leaves behind is then the module's own.
-void holdTheModulesDependencies() {
-    void* module = dlopen(ZEPHYRA_MODULE_PATH, RTLD_NOW | RTLD_LOCAL);
-    holdLibrariesBesideModule(module);
-    dlclose(module);
-}
-
-// One whole session with a freshly loaded module.
+// One whole session with a freshly loaded module, through the shared loader, which unloads
+// the module when its last instance goes. The libraries the module brings along stay
+// loaded from the first unload on, as in a host (HeldLibraries.h): what a later load leaves
+// behind is then the module's own.
 void loadRunAndUnload(Noise& noise) {
-    void* module = dlopen(ZEPHYRA_MODULE_PATH, RTLD_NOW | RTLD_LOCAL);
-    ASSERT_NE(module, nullptr) << dlerror();
-    const auto entry = reinterpret_cast<EntryPoint>(dlsym(module, "VSTPluginMain"));
-    ASSERT_NE(entry, nullptr);
-    AEffect* effect = entry(minimalHost);
-    ASSERT_NE(effect, nullptr);
-    effect->dispatcher(effect, effOpen, 0, 0, nullptr, 0.0f);
-    effect->dispatcher(effect, effSetSampleRate, 0, 0, nullptr, 48000.0f);
-    effect->dispatcher(effect, effSetBlockSize, 0, 128, nullptr, 0.0f);
-    effect->dispatcher(effect, effMainsChanged, 0, 1, nullptr, 0.0f);
+    PluginInstance plugin(PluginModule::load(ZEPHYRA_MODULE_PATH), 48000.0, 128);
+    plugin.resume();
     GuardedStereo<float> in(128), out(128);
     in.Fill(noise, 1.0f);
-    effect->processReplacing(effect, in.Channels(), out.Channels(), 128);
+    plugin.process(in.Channels(), out.Channels(), 128);
     EXPECT_TRUE(out.AllFinite() && out.GuardsIntact());
-    effect->dispatcher(effect, effMainsChanged, 0, 0, nullptr, 0.0f);
-    EXPECT_EQ(effect->dispatcher(effect, effClose, 0, 0, nullptr, 0.0f), 1);
-    EXPECT_EQ(dlclose(module), 0);
 }
 
 // The first round makes whatever is made once per process; the second must end where
@@ -75,7 +50,6 @@ void loadRunAndUnload(Noise& noise) {
 TEST(ModuleReload, RepeatedLoadsLeaveNothingBehind) {
     TempFolder preferences; // the user's own default bank file stays out of it
     ScopedEnv configHome("XDG_CONFIG_HOME", preferences.Path());
-    holdTheModulesDependencies();
     Noise noise(43);
     const auto round = [&noise] {
         for (int i = 0; i < kLoadsPerRound; ++i) {

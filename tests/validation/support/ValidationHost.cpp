@@ -10,8 +10,6 @@ extern "C" AEffect* VSTPluginMain(audioMasterCallback audioMaster);
 
 namespace {
 
-constexpr intptr_t kHostVersion = 2400;
-
 void failHard(const char* what) {
     std::fprintf(stderr, "validation host: %s\n", what);
     std::abort();
@@ -48,23 +46,13 @@ void HostFolders::RemoveBankFiles() const {
     std::remove(PluginFolderBankFile().c_str());
 }
 
-intptr_t ValidationHostCallback(AEffect*, int32_t opcode, int32_t, intptr_t, void*, float) {
-    switch (opcode) {
-    case audioMasterVersion:
-        return kHostVersion;
-    case audioMasterGetDirectory:
-        return reinterpret_cast<intptr_t>(HostFolders::Get().PluginFolder().c_str());
-    default:
-        return 0;
-    }
-}
-
 HostedPlugin::HostedPlugin() {
-    HostFolders::Get();
-    m_record = VSTPluginMain(ValidationHostCallback);
+    m_host.directory = HostFolders::Get().PluginFolder();
+    m_record = VSTPluginMain(hostCallback);
     if (!m_record) {
         failHard("the entry point gave no effect");
     }
+    registerHostState(m_record, &m_host);
 }
 
 HostedPlugin::~HostedPlugin() {
@@ -107,5 +95,6 @@ void HostedPlugin::Start(float sampleRate, int32_t blockSize) {
 
 void HostedPlugin::Close() {
     Dispatch(effClose);
+    unregisterHostState(m_record);
     m_record = nullptr;
 }

@@ -1,4 +1,4 @@
-// A small host for the validation suite. It loads the effect through the module's entry
+// A small host for the validation suite. It creates the effect through the module's entry
 // point and talks to it through the record, as a host does; the C++ object behind the
 // record is reachable for what only the editor calls (meters, typed values, programs).
 // Every effect of the process sees private folders, so nothing the user keeps is read
@@ -6,7 +6,7 @@
 #pragma once
 
 #include "AZephyra.h"
-#include "Vst2Interface.h"
+#include "HostState.h"
 
 #include <string>
 
@@ -34,6 +34,9 @@ private:
     std::string m_pluginFolder;
 };
 
+// Answered by the command-line host's call-back, which gives it the private plug-in folder;
+// the call-back allocates nothing once the effect is created, so it may be reached from the
+// audio thread.
 class HostedPlugin {
 public:
     // Creates the effect through VSTPluginMain; aborts when the entry point refuses.
@@ -60,11 +63,6 @@ public:
     void Close();
 
 private:
+    HostState m_host;
     AEffect* m_record;
 };
-
-// The host call-back the validation host hands to the entry point. It answers the version
-// probe and the plug-in folder request and nothing else; it never allocates, so it may be
-// reached from the audio thread.
-intptr_t ValidationHostCallback(AEffect* effect, int32_t opcode, int32_t index, intptr_t value,
-                                void* ptr, float opt);
