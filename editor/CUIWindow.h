@@ -102,8 +102,9 @@ private:
     void UpdateMeters();
     void InvalidateProgramLamp();
     bool StartEntry(CPoint point);
-    bool PressKnob(CPoint point, CDC* dc);
-    bool PressSlider(CPoint point, CDC* dc);
+    bool PressDragControl(CPoint point, CDC* dc);
+    CQMTDragControl* DraggedControl();
+    std::array<CQMTDragControl*, kKnobCount + kSliderCount> DragControls();
     bool PressSwitch(CPoint point, CDC* dc);
     void SelectTypeByUser(int slot, CDC* dc);
     void ShowCopyMenu();
