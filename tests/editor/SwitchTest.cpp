@@ -1,10 +1,7 @@
 // The two-state switch: which frame it shows, when it changes and tells, and what latching
 // and disabling hold back.
 #include "CQMTBitmapSwitch2DC.h"
-#include "FramePictures.h"
-
-#include <gtest/gtest.h>
-#include <vector>
+#include "ControlFixture.h"
 
 namespace {
 
@@ -14,29 +11,18 @@ constexpr std::uint32_t kOnReleased = 0xC08000;
 constexpr std::uint32_t kOnPressed = 0xA06000;
 constexpr std::uint32_t kDisabledColour = 0x505050;
 
-struct Report {
-    int id;
-    float value;
-};
-
-bool Record(int id, float value, void* user) {
-    static_cast<std::vector<Report>*>(user)->push_back({id, value});
-    return true;
-}
-
-class Switch : public ::testing::Test {
+class Switch : public ControlTest {
 protected:
     void SetUp() override {
         MakeFrames(off, 14, 12, {kOffReleased, kOffPressed});
         MakeFrames(on, 14, 12, {kOnReleased, kOnPressed});
         MakeFrames(disabled, 14, 12, {kDisabledColour});
         Make(false);
-        image.CreateBitmapDC(40, 40);
     }
 
     void Make(bool latching) {
         control.Make(CRect(10, 20, 24, 32), &parent, &off, &on, 110, CRect(), latching, nullptr,
-                     Record, &reports);
+                     Record, this);
     }
 
     std::uint32_t Shown() {
@@ -44,13 +30,10 @@ protected:
         return PixelIn(image, 15, 25);
     }
 
-    CWnd parent;
     CQMTBitmap off;
     CQMTBitmap on;
     CQMTBitmap disabled;
     CQMTBitmapSwitch2DC control;
-    std::vector<Report> reports;
-    CDC image;
 };
 
 TEST_F(Switch, ShowsTheFrameOfItsStateAndPress) {
