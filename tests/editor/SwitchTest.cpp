@@ -74,20 +74,17 @@ TEST_F(Switch, ALatchedSwitchStaysOnAndCannotBePressed) {
     EXPECT_TRUE(reports.empty());
 }
 
+// Hit, but held: it shows its disabled picture, or without one its released off frame.
 TEST_F(Switch, ADisabledSwitchIsHitButIgnoresEverythingElse) {
+    control.SetValue(1, false);
     control.Enable(false);
     EXPECT_TRUE(control.PtInSwitch(CPoint(10, 20)));
     EXPECT_FALSE(control.PtInSwitch(CPoint(24, 20)));
-    control.SetValue(1, true);
+    control.SetValue(0, true);
     control.LButtonDown(&image);
-    EXPECT_FALSE(control.GetValue());
+    EXPECT_TRUE(control.GetValue());
     EXPECT_FALSE(control.IsDown());
     EXPECT_TRUE(reports.empty());
-}
-
-TEST_F(Switch, ADisabledSwitchShowsItsDisabledPictureOrItsReleasedOffFrame) {
-    control.SetValue(1, false);
-    control.Enable(false);
     EXPECT_EQ(Shown(), kOffReleased);
     control.SetDisableBmp(&disabled);
     EXPECT_EQ(Shown(), kDisabledColour);
@@ -97,7 +94,7 @@ TEST_F(Switch, AMaskedSwitchDrawsItsFrameOverThePanel) {
     CQMTBitmap mask;
     MakeFrames(mask, 14, 12, {0x000000, 0x000000});
     control.Make(CRect(10, 20, 24, 32), &parent, &off, &on, 110, CRect(), false, &mask, Record,
-                 &reports);
+                 this);
     control.SetValue(1, false);
     EXPECT_EQ(Shown(), kOnReleased);
 }
