@@ -95,31 +95,34 @@ TEST_F(EntryField, AValueIsShownWithOneDecimalAndReportedInTenths) {
     EXPECT_EQ(end, 4) << "the caret after the text";
 }
 
-// Return, and key code 35 like it, report the typed value; Escape gives the focus back.
-TEST_F(EntryField, ReturnReportsTheTypedValueInTenthsAndEscapeAbandonsIt) {
-    struct Case {
-        const char* what;
-        unsigned key;
-        char character;
-        UINT message;
-    };
-    const Case cases[] = {
-        {"Return", kKeyReturn, kCharReturn, WM_ENTRY_RETURN},
-        {"key code 35", 35, 'p', WM_ENTRY_RETURN},
-        {"Escape", kKeyEscape, kCharEscape, WM_ENTRY_ESCAPE},
-    };
-    for (const Case& c : cases) {
-        owner.received.clear();
-        Start(0, true, 4);
-        driver.Type("12.3");
-        EXPECT_EQ(Text(), "12.3") << c.what;
-        driver.Key(c.key, c.character);
-        EXPECT_EQ(Reported(), "123") << c.what;
-        ASSERT_EQ(owner.received.size(), 1u) << c.what;
-        EXPECT_EQ(owner.received[0].message, c.message) << c.what;
-        EXPECT_EQ(owner.received[0].wParam, 0u) << c.what;
-        EXPECT_FALSE(entry.IsWindowVisible()) << c.what;
-    }
+TEST_F(EntryField, TypingANumberAndReturnReportsItInTenths) {
+    Start(0, true, 4);
+    driver.Type("12.3");
+    EXPECT_EQ(Text(), "12.3");
+    EXPECT_EQ(Field().GetReportedText(), "123");
+    driver.Key(kKeyReturn, kCharReturn);
+    EXPECT_EQ(Reported(), "123");
+    ASSERT_EQ(owner.received.size(), 1u);
+    EXPECT_EQ(owner.received[0].message, WM_ENTRY_RETURN);
+    EXPECT_EQ(owner.received[0].wParam, 0u);
+    EXPECT_FALSE(entry.IsWindowVisible());
+}
+
+TEST_F(EntryField, KeyCode35EndsTheEntryLikeReturn) {
+    Start(10, false, 3);
+    driver.Key(35, 'p');
+    ASSERT_EQ(owner.received.size(), 1u);
+    EXPECT_EQ(owner.received[0].message, WM_ENTRY_RETURN);
+}
+
+TEST_F(EntryField, EscapeHidesTheWindowAndGivesTheFocusBack) {
+    Start(10, false, 3);
+    driver.Type("9");
+    driver.Key(kKeyEscape, kCharEscape);
+    ASSERT_EQ(owner.received.size(), 1u);
+    EXPECT_EQ(owner.received[0].message, WM_ENTRY_ESCAPE);
+    EXPECT_EQ(owner.received[0].wParam, 0u);
+    EXPECT_FALSE(entry.IsWindowVisible());
     EXPECT_EQ(CWnd::GetFocus(), &owner);
 }
 
