@@ -2,25 +2,12 @@
 
 #include <cmath>
 
-namespace {
-
-// NaN counts as the minimum, so that no thumb position is ever made from it.
-float ClampToRange(float value, float min, float max) {
-    if (value > max)
-        return max;
-    return value >= min ? value : min;
-}
-
-} // namespace
-
 void CQMTBitmapSliderDC::Make(const CRect& sliderRect, const CRect& readoutRect, CWnd* parent,
                               CQMTBitmap* background, CQMTBitmap* fill, CQMTBitmap* thumb,
                               float min, float max, CPoint start, CPoint end, unsigned int id,
                               int vertical, bool logarithmic, bool reversed, bool thumbHidden,
                               bool snapToEnds, QMTControlCallback callback, void* user) {
-    m_sliderRect = sliderRect;
-    m_readoutRect = readoutRect;
-    m_parent = parent;
+    Place(sliderRect, readoutRect, parent);
     m_background = background;
     m_fill = fill;
     m_thumb = thumb;
@@ -37,7 +24,6 @@ void CQMTBitmapSliderDC::Make(const CRect& sliderRect, const CRect& readoutRect,
     m_callback = callback;
     m_user = user;
     m_value = min;
-    m_dragging = false;
     m_enabled = true;
     m_backgroundWidth = background ? background->Width() : 0;
     m_backgroundHeight = background ? background->Height() : 0;
@@ -78,8 +64,8 @@ float CQMTBitmapSliderDC::ValueAtHorizontal(int x) const {
 bool CQMTBitmapSliderDC::SetValueByPoint(CPoint point) {
     if (!m_enabled)
         return false;
-    float value = m_vertical ? ValueAtVertical(point.y - m_sliderRect.top)
-                             : ValueAtHorizontal(point.x - m_sliderRect.left);
+    float value = m_vertical ? ValueAtVertical(point.y - m_controlRect.top)
+                             : ValueAtHorizontal(point.x - m_controlRect.left);
     if (m_snapToEnds)
         value = value < m_min + (m_max - m_min) * 0.5f ? m_min : m_max;
     if (value == m_value)
@@ -159,46 +145,10 @@ void CQMTBitmapSliderDC::DrawSlider(CDC* dc) {
     else
         ComposeHorizontal(image, sources);
     sources.SelectObject(previous);
-    dc->BitBlt(m_sliderRect.left, m_sliderRect.top, m_backgroundWidth, m_backgroundHeight, &image,
+    dc->BitBlt(m_controlRect.left, m_controlRect.top, m_backgroundWidth, m_backgroundHeight, &image,
                0, 0, SRCCOPY);
 }
 
-void CQMTBitmapSliderDC::GetRect(CRect* rect) const {
-    if (rect)
-        *rect = m_sliderRect;
-}
-
-void CQMTBitmapSliderDC::SetNewRect(const CRect& sliderRect, const CRect& readoutRect) {
-    m_sliderRect = sliderRect;
-    m_readoutRect = readoutRect;
-}
-
 bool CQMTBitmapSliderDC::PtInSwitch(CPoint point) {
-    if (!m_enabled || !m_sliderRect.PtInRect(point))
-        return false;
-    if (m_parent)
-        m_parent->SetCapture();
-    m_dragging = true;
-    return true;
-}
-
-void CQMTBitmapSliderDC::OnMouseMove(CPoint point, CDC* dc) {
-    if (!m_dragging)
-        return;
-    SetValueByPoint(point);
-    DrawSlider(dc);
-}
-
-void CQMTBitmapSliderDC::OnLButtonUp(CPoint point, CDC* dc) {
-    if (!m_dragging)
-        return;
-    ReleaseCapture();
-    m_dragging = false;
-    SetValueByPoint(point);
-    DrawSlider(dc);
-}
-
-void CQMTBitmapSliderDC::InvalidateReadout() {
-    if (m_parent && !m_readoutRect.IsRectEmpty())
-        m_parent->InvalidateRect(&m_readoutRect, true);
+    return m_enabled && StartDrag(point);
 }

@@ -6,11 +6,10 @@
 
 #include "CDC.h"
 #include "CQMTBitmap.h"
-#include "CRect.h"
-#include "CWnd.h"
+#include "CQMTDragControl.h"
 #include "QMTControlCallback.h"
 
-class CQMTBitmapSliderDC {
+class CQMTBitmapSliderDC : public CQMTDragControl {
 public:
     // start is the track's minimum end (the bottom of a vertical track, the left of a
     // horizontal one), end its maximum end, unless reversed.
@@ -27,22 +26,19 @@ public:
     bool SetValueByPoint(CPoint point);
     void DrawSlider(CDC* dc);
     float GetValue() const { return m_value; }
-    void GetRect(CRect* rect) const;
-    void SetNewRect(const CRect& sliderRect, const CRect& readoutRect);
     // A disabled slider neither follows the mouse nor draws.
     void Enable(bool enable) { m_enabled = enable; }
-    bool IsDragging() const { return m_dragging; }
 
     bool PtInSwitch(CPoint point);
-    void OnMouseMove(CPoint point, CDC* dc);
-    void OnLButtonUp(CPoint point, CDC* dc);
 
 private:
+    bool Grab(CPoint point) override { return PtInSwitch(point); }
+    void Follow(CPoint point) override { SetValueByPoint(point); }
+    void Redraw(CDC* dc) override { DrawSlider(dc); }
     float ValueAtVertical(int y) const;
     float ValueAtHorizontal(int x) const;
     void ComposeVertical(CDC& image, CDC& sources);
     void ComposeHorizontal(CDC& image, CDC& sources);
-    void InvalidateReadout();
 
     float m_min = 0.0f;
     float m_max = 0.0f;
@@ -53,7 +49,6 @@ private:
     CQMTBitmap* m_background = nullptr;
     CQMTBitmap* m_thumb = nullptr;
     CQMTBitmap* m_fill = nullptr;
-    bool m_dragging = false;
     float m_value = 0.0f;
     bool m_thumbHidden = false;
     bool m_logarithmic = false;
@@ -61,10 +56,7 @@ private:
     bool m_snapToEnds = false;
     int m_backgroundWidth = 0;
     int m_backgroundHeight = 0;
-    CRect m_sliderRect;
-    CWnd* m_parent = nullptr;
     QMTControlCallback m_callback = nullptr;
     void* m_user = nullptr;
-    CRect m_readoutRect;
     bool m_enabled = true;
 };

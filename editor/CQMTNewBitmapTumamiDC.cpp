@@ -7,22 +7,13 @@ namespace {
 // The half-turn constant of the angle mapping, with the precision it always had.
 constexpr double kHalfTurn = 3.141592653;
 
-// NaN counts as the minimum, so that no frame index is ever made from it.
-float ClampToRange(float value, float min, float max) {
-    if (value > max)
-        return max;
-    return value >= min ? value : min;
-}
-
 } // namespace
 
 void CQMTNewBitmapTumamiDC::Make(const CRect& knobRect, const CRect& readoutRect, CWnd* parent,
                                  CQMTBitmap* strip, float min, float max, unsigned int id,
                                  int frameCount, float angleFrom, float angleTo, int /*spare*/,
                                  bool logarithmic, QMTControlCallback callback, void* user) {
-    m_knobRect = knobRect;
-    m_readoutRect = readoutRect;
-    m_parent = parent;
+    Place(knobRect, readoutRect, parent);
     m_strip = strip;
     m_min = min;
     m_max = max;
@@ -36,7 +27,6 @@ void CQMTNewBitmapTumamiDC::Make(const CRect& knobRect, const CRect& readoutRect
     m_lastDragValue = kNoDragValue;
     SetValue(min + 0.5f * (max - min), nullptr, false);
     m_step = (max - min) / static_cast<float>(frameCount - 1);
-    m_dragging = false;
 }
 
 void CQMTNewBitmapTumamiDC::SetValue(float value, CDC* dc, bool notify) {
@@ -55,11 +45,11 @@ void CQMTNewBitmapTumamiDC::SetValue(float value, CDC* dc, bool notify) {
 }
 
 void CQMTNewBitmapTumamiDC::SetValue(CPoint point) {
-    const int dx = point.x - m_knobRect.left - m_knobRect.Width() / 2;
-    const int dy = point.y - m_knobRect.top - m_knobRect.Height() / 2;
+    const int dx = point.x - m_controlRect.left - m_controlRect.Width() / 2;
+    const int dy = point.y - m_controlRect.top - m_controlRect.Height() / 2;
     // Kept as it always was: the vertical offset is compared with the half width and the
     // horizontal one with the half height.
-    if (static_cast<double>(dy) == m_knobRect.Width() / 2 && dx > m_knobRect.Height() / 2)
+    if (static_cast<double>(dy) == m_controlRect.Width() / 2 && dx > m_controlRect.Height() / 2)
         return;
     if (dx == 0 && dy == 0)
         return;
@@ -110,57 +100,16 @@ int CQMTNewBitmapTumamiDC::FrameIndex() const {
 void CQMTNewBitmapTumamiDC::Draw(CDC* dc) {
     if (!dc)
         return;
-    const int width = m_knobRect.Width();
-    const int height = m_knobRect.Height();
+    const int width = m_controlRect.Width();
+    const int height = m_controlRect.Height();
     CDC strip;
     strip.CreateCompatibleDC(dc);
     CBitmap* previous = strip.SelectObject(m_strip);
-    dc->BitBlt(m_knobRect.left, m_knobRect.top, width, height, &strip, 0, FrameIndex() * height,
-               SRCCOPY);
+    dc->BitBlt(m_controlRect.left, m_controlRect.top, width, height, &strip, 0,
+               FrameIndex() * height, SRCCOPY);
     strip.SelectObject(previous);
 }
 
 unsigned int CQMTNewBitmapTumamiDC::GetIndexValue() const {
     return static_cast<unsigned int>(std::ceil((m_value - m_min) / m_step));
-}
-
-void CQMTNewBitmapTumamiDC::GetRect(CRect* rect) const {
-    if (rect)
-        *rect = m_knobRect;
-}
-
-void CQMTNewBitmapTumamiDC::SetNewRect(const CRect& knobRect, const CRect& readoutRect) {
-    m_knobRect = knobRect;
-    m_readoutRect = readoutRect;
-}
-
-bool CQMTNewBitmapTumamiDC::PtInTumami(CPoint point) {
-    if (!m_knobRect.PtInRect(point))
-        return false;
-    if (m_parent)
-        m_parent->SetCapture();
-    m_dragging = true;
-    return true;
-}
-
-void CQMTNewBitmapTumamiDC::OnMouseMove(CPoint point, CDC* dc) {
-    if (!m_dragging)
-        return;
-    SetValue(point);
-    Draw(dc);
-}
-
-void CQMTNewBitmapTumamiDC::OnLButtonUp(CPoint point, CDC* dc) {
-    if (!m_dragging)
-        return;
-    ReleaseCapture();
-    m_dragging = false;
-    SetValue(point);
-    m_lastDragValue = kReleasedDragValue;
-    Draw(dc);
-}
-
-void CQMTNewBitmapTumamiDC::InvalidateReadout() {
-    if (m_parent && !m_readoutRect.IsRectEmpty())
-        m_parent->InvalidateRect(&m_readoutRect, true);
 }

@@ -5,11 +5,10 @@
 
 #include "CDC.h"
 #include "CQMTBitmap.h"
-#include "CRect.h"
-#include "CWnd.h"
+#include "CQMTDragControl.h"
 #include "QMTControlCallback.h"
 
-class CQMTNewBitmapTumamiDC {
+class CQMTNewBitmapTumamiDC : public CQMTDragControl {
 public:
     // Every knob starts at the middle of its range. The spare argument has no effect.
     void Make(const CRect& knobRect, const CRect& readoutRect, CWnd* parent, CQMTBitmap* strip,
@@ -25,18 +24,16 @@ public:
     // Rounded up, where drawing rounds to the nearest frame.
     unsigned int GetIndexValue() const;
     double GetAngle() const { return m_angle; }
-    void GetRect(CRect* rect) const;
-    void SetNewRect(const CRect& knobRect, const CRect& readoutRect);
-    bool IsDragging() const { return m_dragging; }
 
-    // A press on the knob starts a drag and captures the mouse for the parent.
-    bool PtInTumami(CPoint point);
-    void OnMouseMove(CPoint point, CDC* dc);
-    void OnLButtonUp(CPoint point, CDC* dc);
+    bool PtInTumami(CPoint point) { return StartDrag(point); }
 
 private:
+    bool Grab(CPoint point) override { return PtInTumami(point); }
+    void Follow(CPoint point) override { SetValue(point); }
+    void Redraw(CDC* dc) override { Draw(dc); }
+    // A new drag starts without the end guards of the last one.
+    void Released() override { m_lastDragValue = kReleasedDragValue; }
     int FrameIndex() const;
-    void InvalidateReadout();
 
     // Marks "no drag value yet": no knob range reaches it.
     static constexpr float kNoDragValue = 65535.0f;
@@ -45,19 +42,15 @@ private:
 
     unsigned int m_id = 0;
     CQMTBitmap* m_strip = nullptr;
-    CWnd* m_parent = nullptr;
     float m_min = 0.0f;
     float m_max = 0.0f;
     float m_value = 0.0f;
-    CRect m_knobRect;
     float m_angleFrom = 0.0f;
     float m_angleTo = 0.0f;
     double m_angle = 0.0;
     float m_lastDragValue = kNoDragValue;
     float m_step = 0.0f;
     bool m_logarithmic = false;
-    bool m_dragging = false;
     QMTControlCallback m_callback = nullptr;
     void* m_user = nullptr;
-    CRect m_readoutRect;
 };

@@ -51,14 +51,15 @@ public:
     int GetEditTarget() const { return m_editTarget; }
     CQMTFloatEditWnd& EntryWindow() { return m_entry; }
 
-    void DrawGain1Disp(CDC* dc);
-    void DrawFreq1Disp(CDC* dc);
-    void DrawQ1Disp(CDC* dc);
-    void DrawGain2Disp(CDC* dc);
-    void DrawFreq2Disp(CDC* dc);
-    void DrawQ2Disp(CDC* dc);
-    void DrawOutDisp(CDC* dc);
-    void DrawInputDisp(CDC* dc);
+    // The read-outs, each in its well.
+    void DrawGain1Disp(CDC* dc) { DrawReadout(dc, kKnobLayout[0]); }
+    void DrawFreq1Disp(CDC* dc) { DrawReadout(dc, kKnobLayout[1]); }
+    void DrawQ1Disp(CDC* dc) { DrawReadout(dc, kKnobLayout[2]); }
+    void DrawGain2Disp(CDC* dc) { DrawReadout(dc, kKnobLayout[3]); }
+    void DrawFreq2Disp(CDC* dc) { DrawReadout(dc, kKnobLayout[4]); }
+    void DrawQ2Disp(CDC* dc) { DrawReadout(dc, kKnobLayout[5]); }
+    void DrawOutDisp(CDC* dc) { DrawReadout(dc, kSliderLayout[1]); }
+    void DrawInputDisp(CDC* dc) { DrawReadout(dc, kSliderLayout[0]); }
     void DrawVU(CDC* dc);
 
     // What the panel shows, for its owner and for tests.
@@ -92,7 +93,7 @@ private:
     void LoadBitmaps();
     void MakeControls();
     void ShowEffectValues();
-    void DrawReadout(CDC* dc, int parameter, const RECT& rect);
+    void DrawReadout(CDC* dc, const ValueControlLayout& control);
     void DrawLamp(CDC* dc, CDC* sources);
     void DrawControls(CDC* dc);
     void SelectType(int parameter, int type, CDC* dc);
@@ -100,8 +101,9 @@ private:
     void UpdateMeters();
     void InvalidateProgramLamp();
     bool StartEntry(CPoint point);
-    bool PressKnob(CPoint point, CDC* dc);
-    bool PressSlider(CPoint point, CDC* dc);
+    bool PressDragControl(CPoint point, CDC* dc);
+    CQMTDragControl* DraggedControl();
+    std::array<CQMTDragControl*, kKnobCount + kSliderCount> DragControls();
     bool PressSwitch(CPoint point, CDC* dc);
     void SelectTypeByUser(int slot, CDC* dc);
     void ShowCopyMenu();

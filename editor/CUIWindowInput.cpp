@@ -31,7 +31,7 @@ void CUIWindow::OnLButtonDown(UINT, CPoint point) {
     CClientDC dc(this);
     HideEdit();
     // The first hit takes the press.
-    if (!StartEntry(point) && !PressKnob(point, &dc) && !PressSlider(point, &dc))
+    if (!StartEntry(point) && !PressDragControl(point, &dc))
         PressSwitch(point, &dc);
     DeliverPendingUpdates();
 }
@@ -57,27 +57,31 @@ bool CUIWindow::StartEntry(CPoint point) {
     return false;
 }
 
-// A pressed knob jumps to the pointer at once and follows it until the release.
-bool CUIWindow::PressKnob(CPoint point, CDC* dc) {
-    for (CQMTNewBitmapTumamiDC& knob : m_knobs) {
-        if (knob.PtInTumami(point)) {
-            knob.SetValue(point);
-            knob.Draw(dc);
+// A pressed knob or slider jumps to the pointer at once and follows it until the release.
+bool CUIWindow::PressDragControl(CPoint point, CDC* dc) {
+    for (CQMTDragControl* control : DragControls()) {
+        if (control->PressAt(point, dc))
             return true;
-        }
     }
     return false;
 }
 
-bool CUIWindow::PressSlider(CPoint point, CDC* dc) {
-    for (CQMTBitmapSliderDC& slider : m_sliders) {
-        if (slider.PtInSwitch(point)) {
-            slider.SetValueByPoint(point);
-            slider.DrawSlider(dc);
-            return true;
-        }
+CQMTDragControl* CUIWindow::DraggedControl() {
+    for (CQMTDragControl* control : DragControls()) {
+        if (control->IsDragging())
+            return control;
     }
-    return false;
+    return nullptr;
+}
+
+// Knobs first, then sliders: the order in which the panel hit-tests them.
+std::array<CQMTDragControl*, kKnobCount + kSliderCount> CUIWindow::DragControls() {
+    std::array<CQMTDragControl*, kKnobCount + kSliderCount> controls{};
+    for (int slot = 0; slot < kKnobCount; ++slot)
+        controls[slot] = &m_knobs[slot];
+    for (int slot = 0; slot < kSliderCount; ++slot)
+        controls[kKnobCount + slot] = &m_sliders[slot];
+    return controls;
 }
 
 bool CUIWindow::PressSwitch(CPoint point, CDC* dc) {
@@ -160,39 +164,18 @@ void CUIWindow::OnSelCopyPg(UINT command) {
 
 void CUIWindow::OnMouseMove(UINT flags, CPoint point) {
     CWnd::OnMouseMove(flags, point);
-    CClientDC dc(this);
-    for (CQMTNewBitmapTumamiDC& knob : m_knobs) {
-        if (knob.IsDragging()) {
-            knob.OnMouseMove(point, &dc);
-            return;
-        }
-    }
-    for (CQMTBitmapSliderDC& slider : m_sliders) {
-        if (slider.IsDragging()) {
-            slider.OnMouseMove(point, &dc);
-            return;
-        }
+    if (CQMTDragControl* dragged = DraggedControl()) {
+        CClientDC dc(this);
+        dragged->OnMouseMove(point, &dc);
     }
 }
 
 // A release ends a drag; without one, it is a click on the save button or the lamp.
 void CUIWindow::OnLButtonUp(UINT, CPoint point) {
-    {
+    if (CQMTDragControl* dragged = DraggedControl()) {
         CClientDC dc(this);
-        for (CQMTNewBitmapTumamiDC& knob : m_knobs) {
-            if (knob.IsDragging()) {
-                knob.OnLButtonUp(point, &dc);
-                return;
-            }
-        }
-        for (CQMTBitmapSliderDC& slider : m_sliders) {
-            if (slider.IsDragging()) {
-                slider.OnLButtonUp(point, &dc);
-                return;
-            }
-        }
-    }
-    if (CRect(kSaveButtonRect).PtInRect(point)) {
+        dragged->OnLButtonUp(point, &dc);
+    } else if (CRect(kSaveButtonRect).PtInRect(point)) {
         SaveWithDialog();
     } else if (CRect(kProgramLampRect).PtInRect(point)) {
         Effect()->ProgramToInitial();

@@ -68,48 +68,17 @@ void CUIWindow::DrawControls(CDC* dc) {
     m_copyButton.DrawSwitch(dc);
 }
 
-// The host's own text for the parameter, centred in its well and cut at the well's edges.
-void CUIWindow::DrawReadout(CDC* dc, int parameter, const RECT& rect) {
+// The host's own text for the control's parameter, centred in its read-out well and cut at
+// the well's edges.
+void CUIWindow::DrawReadout(CDC* dc, const ValueControlLayout& control) {
     char text[64] = {};
-    Effect()->getParameterDisplay(parameter, text);
+    Effect()->getParameterDisplay(control.parameter, text);
     const CString shown(text);
-    const CRect box(rect);
+    const CRect box(control.readout);
     const CSize extent = dc->GetTextExtent(shown);
     const int x = box.left + (box.Width() - extent.cx) / 2;
     const int y = box.top + (box.Height() - extent.cy) / 2 + kReadoutDrop;
     dc->ExtTextOut(x, y, ETO_CLIPPED, &box, shown);
-}
-
-void CUIWindow::DrawGain1Disp(CDC* dc) {
-    DrawReadout(dc, kParamGain1, kKnobLayout[0].readout);
-}
-
-void CUIWindow::DrawFreq1Disp(CDC* dc) {
-    DrawReadout(dc, kParamFreq1, kKnobLayout[1].readout);
-}
-
-void CUIWindow::DrawQ1Disp(CDC* dc) {
-    DrawReadout(dc, kParamQ1, kKnobLayout[2].readout);
-}
-
-void CUIWindow::DrawGain2Disp(CDC* dc) {
-    DrawReadout(dc, kParamGain2, kKnobLayout[3].readout);
-}
-
-void CUIWindow::DrawFreq2Disp(CDC* dc) {
-    DrawReadout(dc, kParamFreq2, kKnobLayout[4].readout);
-}
-
-void CUIWindow::DrawQ2Disp(CDC* dc) {
-    DrawReadout(dc, kParamQ2, kKnobLayout[5].readout);
-}
-
-void CUIWindow::DrawOutDisp(CDC* dc) {
-    DrawReadout(dc, kParamOutput, kSliderLayout[1].readout);
-}
-
-void CUIWindow::DrawInputDisp(CDC* dc) {
-    DrawReadout(dc, kParamInput, kSliderLayout[0].readout);
 }
 
 // Each meter is its unlit scale with the lit scale pasted from the level's row down.

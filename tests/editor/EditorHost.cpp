@@ -1,9 +1,25 @@
 #include "EditorHost.h"
 
-std::uint32_t BitmapPixel(const CQMTBitmap& bitmap, int x, int y) {
-    cairo_surface_t* image = bitmap.GetImage();
-    cairo_surface_flush(image);
-    const unsigned char* row =
-        cairo_image_surface_get_data(image) + y * cairo_image_surface_get_stride(image);
-    return reinterpret_cast<const std::uint32_t*>(row)[x] & 0xFFFFFF;
+#include "FramePictures.h"
+
+int EditorHost::Differences(const RECT& rect, const CQMTBitmap& bitmap, int sourceX, int sourceY) {
+    cairo_surface_t* shown = driver.Snapshot(&Panel());
+    int differences = 0;
+    for (int y = rect.top; y < rect.bottom; ++y) {
+        for (int x = rect.left; x < rect.right; ++x) {
+            const std::uint32_t wanted =
+                SurfacePixel(bitmap.GetImage(), sourceX + x - rect.left, sourceY + y - rect.top);
+            if ((wanted >> 24) == 0xFF &&
+                (wanted & 0xFFFFFF) != (SurfacePixel(shown, x, y) & 0xFFFFFF))
+                ++differences;
+        }
+    }
+    cairo_surface_destroy(shown);
+    return differences;
+}
+
+CQMTBitmap& EditorHost::Load(int resource) {
+    resources.emplace_back(std::make_unique<CQMTBitmap>());
+    resources.back()->LoadResourceBitmap(MAKEINTRESOURCE(resource));
+    return *resources.back();
 }

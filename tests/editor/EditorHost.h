@@ -10,6 +10,8 @@
 #include "TempFolder.h"
 
 #include <gtest/gtest.h>
+#include <memory>
+#include <vector>
 
 class EditorHost : public ::testing::Test {
 protected:
@@ -40,13 +42,17 @@ protected:
     // 0xRRGGBB of the panel as the screen shows it.
     std::uint32_t Pixel(int x, int y) { return driver.PixelAt(&Panel(), x, y); }
 
+    // Pixels of the panel inside the rectangle that differ from the bitmap's block at
+    // (sourceX, sourceY), counting only the pixels that the bitmap covers fully.
+    int Differences(const RECT& rect, const CQMTBitmap& bitmap, int sourceX = 0, int sourceY = 0);
+    // One of the module's bitmaps, loaded afresh for the test.
+    CQMTBitmap& Load(int resource);
+
     TempFolder preferences;
     ScopedEnv preferencesFolder{"XDG_CONFIG_HOME", preferences.Path()};
     RecordingHost host;
     CHeadlessDriver driver;
     AZephyra effect{RecordingHost::Callback, CZephyraEditor::Make};
     void* hostWindow = nullptr;
+    std::vector<std::unique_ptr<CQMTBitmap>> resources;
 };
-
-// 0xRRGGBB of a bitmap's pixel.
-std::uint32_t BitmapPixel(const CQMTBitmap& bitmap, int x, int y);

@@ -23,7 +23,6 @@ struct Received {
 class EntryOwner : public CWnd {
 public:
     std::vector<Received> received;
-    std::vector<WPARAM> commands;
 
     LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override {
         if (message == WM_ENTRY_RETURN || message == WM_ENTRY_ESCAPE)

@@ -31,19 +31,19 @@ inline std::uint32_t KnobFrameColour(int frame) {
     return static_cast<std::uint32_t>(frame) << 8 | 0x000040u;
 }
 
-// 0xRRGGBB of a DC's off-screen image at (x, y); 0 where nothing was drawn.
-inline std::uint32_t PixelIn(CDC& dc, int x, int y) {
-    cairo_surface_t* surface = dc.GetBitmapSurface();
+// The 0xAARRGGBB word of an image surface at (x, y).
+inline std::uint32_t SurfacePixel(cairo_surface_t* surface, int x, int y) {
     cairo_surface_flush(surface);
     const unsigned char* row =
         cairo_image_surface_get_data(surface) + y * cairo_image_surface_get_stride(surface);
-    return reinterpret_cast<const std::uint32_t*>(row)[x] & 0xFFFFFF;
+    return reinterpret_cast<const std::uint32_t*>(row)[x];
+}
+
+// 0xRRGGBB of a DC's off-screen image at (x, y); 0 where nothing was drawn.
+inline std::uint32_t PixelIn(CDC& dc, int x, int y) {
+    return SurfacePixel(dc.GetBitmapSurface(), x, y) & 0xFFFFFF;
 }
 
 inline std::uint8_t AlphaIn(CDC& dc, int x, int y) {
-    cairo_surface_t* surface = dc.GetBitmapSurface();
-    cairo_surface_flush(surface);
-    const unsigned char* row =
-        cairo_image_surface_get_data(surface) + y * cairo_image_surface_get_stride(surface);
-    return static_cast<std::uint8_t>(reinterpret_cast<const std::uint32_t*>(row)[x] >> 24);
+    return static_cast<std::uint8_t>(SurfacePixel(dc.GetBitmapSurface(), x, y) >> 24);
 }

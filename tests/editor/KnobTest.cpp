@@ -1,30 +1,17 @@
 // The rotary knob: where the pointer's direction puts it, its end guards, when it tells
 // its owner, and which frame of its strip it shows.
 #include "CQMTNewBitmapTumamiDC.h"
-#include "FramePictures.h"
+#include "ControlFixture.h"
 
 #include <cmath>
-#include <gtest/gtest.h>
-#include <vector>
 
 namespace {
 
-struct Report {
-    int id;
-    float value;
-};
-
-bool Record(int id, float value, void* user) {
-    static_cast<std::vector<Report>*>(user)->push_back({id, value});
-    return true;
-}
-
 // A 34 × 34 knob at the panel's origin, 0..1 over 30..330 degrees in 61 frames, as the
 // panel makes its knobs.
-class Knob : public ::testing::Test {
+class Knob : public ControlTest {
 protected:
     static constexpr int kSize = 34;
-    static constexpr int kCentre = kSize / 2;
 
     void SetUp() override {
         std::vector<std::uint32_t> colours;
@@ -32,22 +19,18 @@ protected:
             colours.push_back(KnobFrameColour(frame));
         MakeFrames(strip, kSize, kSize, colours);
         Make(false);
-        image.CreateBitmapDC(kSize, kSize);
     }
 
     void Make(bool logarithmic, float min = 0.0f, float max = 1.0f) {
         knob.Make(CRect(0, 0, kSize, kSize), CRect(), &parent, &strip, min, max, 100, 61, 30.0f,
-                  330.0f, 8, logarithmic, Record, &reports);
+                  330.0f, 8, logarithmic, Record, this);
     }
 
     // The point at this offset from the knob's centre.
-    CPoint Offset(int dx, int dy) const { return CPoint(kCentre + dx, kCentre + dy); }
+    static CPoint Offset(int dx, int dy) { return CPoint(kSize / 2 + dx, kSize / 2 + dy); }
 
-    CWnd parent;
     CQMTBitmap strip;
     CQMTNewBitmapTumamiDC knob;
-    std::vector<Report> reports;
-    CDC image;
 };
 
 TEST_F(Knob, StartsAtTheMiddleOfItsRangeWithoutTelling) {
@@ -57,101 +40,68 @@ TEST_F(Knob, StartsAtTheMiddleOfItsRangeWithoutTelling) {
     EXPECT_TRUE(reports.empty());
 }
 
-TEST_F(Knob, SettingTheSameValueAgainDrawsAndTellsNothing) {
+TEST_F(Knob, AValueFromOutsideIsClampedAndOnlyAChangeDrawsAndTells) {
     knob.SetValue(0.75f, &image, true);
     ASSERT_EQ(reports.size(), 1u);
     EXPECT_EQ(reports[0].id, 100);
     EXPECT_EQ(PixelIn(image, 5, 5), KnobFrameColour(45));
-
     CDC fresh;
     fresh.CreateBitmapDC(kSize, kSize);
     knob.SetValue(0.75f, &fresh, true);
     EXPECT_EQ(reports.size(), 1u);
-    EXPECT_EQ(PixelIn(fresh, 5, 5), 0u) << "nothing drawn";
-}
+    EXPECT_EQ(PixelIn(fresh, 5, 5), 0u) << "the same value again draws nothing";
 
-TEST_F(Knob, OutsideValuesAreClampedAndNonNumbersCountAsTheMinimum) {
     knob.SetValue(3.0f, nullptr, false);
     EXPECT_FLOAT_EQ(knob.GetValue(), 1.0f);
     knob.SetValue(-3.0f, nullptr, false);
     EXPECT_FLOAT_EQ(knob.GetValue(), 0.0f);
     knob.SetValue(0.5f, nullptr, false);
     knob.SetValue(std::nanf(""), &image, false);
-    EXPECT_FLOAT_EQ(knob.GetValue(), 0.0f);
+    EXPECT_FLOAT_EQ(knob.GetValue(), 0.0f) << "not a number counts as the minimum";
     EXPECT_EQ(PixelIn(image, 5, 5), KnobFrameColour(0));
 }
 
-TEST_F(Knob, FollowsThePointersDirectionRoundItsCentre) {
+// Degrees clockwise from straight down: left is 90, up 180, right 270; the arc runs from 30
+// to 330 over the whole range. A knob at one end does not jump to the other end when the
+// pointer crosses the gap below it; the other half of the circle moves it as usual.
+TEST_F(Knob, FollowsThePointersDirectionAndHoldsAnEndAcrossTheGapBelow) {
     struct Case {
         const char* where;
-        int dx, dy;
-        float value;
-    };
-    // Degrees clockwise from straight down: left is 90, up 180, right 270; the arc runs
-    // from 30 to 330 over the whole range.
-    const Case cases[] = {
-        {"straight up", 0, -17, 0.5f},
-        {"left", -17, 0, 0.2f},
-        {"right", 17, 0, 0.8f},
-        {"down and left", -10, 10, 0.05f},
-        {"down and right", 10, 10, 0.95f},
-        {"up and left", -10, -10, 0.35f},
-        {"far beyond the knob, still up", 0, -400, 0.5f},
-    };
-    for (const Case& c : cases) {
-        knob.SetValue(0.5f, nullptr, false);
-        knob.SetValue(Offset(c.dx, c.dy));
-        EXPECT_NEAR(knob.GetValue(), c.value, 1e-6) << c.where;
-    }
-}
-
-// A knob at one end does not jump to the other end when the pointer crosses the gap below
-// it; the other half of the circle moves it as usual.
-TEST_F(Knob, AKnobAtAnEndHoldsItAcrossTheGapBelow) {
-    struct Case {
-        const char* what;
         float start;
         int dx, dy;
         float value;
+        bool told;
     };
     const Case cases[] = {
-        {"minimum, pointer just right of the gap", 0.0f, 5, 15, 0.0f},
-        {"minimum, pointer straight down", 0.0f, 0, 10, 0.0f},
-        {"minimum, pointer to the left", 0.0f, -17, 0, 0.2f},
-        {"maximum, pointer just left of the gap", 1.0f, -5, 15, 1.0f},
-        {"maximum, pointer straight down", 1.0f, 0, 10, 1.0f},
-        {"maximum, pointer to the right", 1.0f, 17, 0, 0.8f},
-        {"middle, pointer straight down", 0.3f, 0, 10, 0.0f},
+        {"straight up", 0.5f, 0, -17, 0.5f, true},
+        {"left", 0.5f, -17, 0, 0.2f, true},
+        {"right", 0.5f, 17, 0, 0.8f, true},
+        {"down and left", 0.5f, -10, 10, 0.05f, true},
+        {"down and right", 0.5f, 10, 10, 0.95f, true},
+        {"up and left", 0.5f, -10, -10, 0.35f, true},
+        {"far beyond the knob, still up", 0.5f, 0, -400, 0.5f, true},
+        {"minimum, pointer just right of the gap", 0.0f, 5, 15, 0.0f, true},
+        {"minimum, pointer straight down", 0.0f, 0, 10, 0.0f, true},
+        {"minimum, pointer to the left", 0.0f, -17, 0, 0.2f, true},
+        {"maximum, pointer just left of the gap", 1.0f, -5, 15, 1.0f, true},
+        {"maximum, pointer straight down", 1.0f, 0, 10, 1.0f, true},
+        {"maximum, pointer to the right", 1.0f, 17, 0, 0.8f, true},
+        {"middle, pointer straight down", 0.3f, 0, 10, 0.0f, true},
+        {"the centre gives no direction", 0.3f, 0, 0, 0.3f, false},
+        // Kept as it always was: a point whose vertical offset equals the half width while
+        // its horizontal offset passes the half height is ignored too.
+        {"the ignored corner", 0.3f, 18, 17, 0.3f, false},
     };
     for (const Case& c : cases) {
         knob.SetValue(c.start, nullptr, false);
+        reports.clear();
         knob.SetValue(Offset(c.dx, c.dy));
-        EXPECT_NEAR(knob.GetValue(), c.value, 1e-6) << c.what;
+        EXPECT_NEAR(knob.GetValue(), c.value, 1e-6) << c.where;
+        EXPECT_EQ(reports.size(), c.told ? 1u : 0u) << c.where;
     }
 }
 
-TEST_F(Knob, ReleasingLiftsTheEndGuards) {
-    knob.SetValue(0.0f, nullptr, false);
-    ASSERT_TRUE(knob.PtInTumami(Offset(0, 10)));
-    knob.OnLButtonUp(Offset(0, 10), &image);
-    ASSERT_FLOAT_EQ(knob.GetValue(), 0.0f);
-    // A new press just right of the gap now jumps there.
-    ASSERT_TRUE(knob.PtInTumami(Offset(5, 15)));
-    knob.OnMouseMove(Offset(5, 15), &image);
-    EXPECT_GT(knob.GetValue(), 0.9f);
-}
-
-TEST_F(Knob, PointsThatGiveNoDirectionChangeNothing) {
-    knob.SetValue(0.3f, nullptr, false);
-    knob.SetValue(Offset(0, 0));
-    // Kept as it always was: a point whose vertical offset equals the half width while its
-    // horizontal offset passes the half height is ignored too.
-    knob.SetValue(Offset(18, 17));
-    EXPECT_FLOAT_EQ(knob.GetValue(), 0.3f);
-    EXPECT_TRUE(reports.empty());
-}
-
-TEST_F(Knob, ADragReportsEveryMoveAndTheRelease) {
+TEST_F(Knob, ADragReportsEveryMoveAndItsReleaseLiftsTheEndGuards) {
     ASSERT_TRUE(knob.PtInTumami(Offset(-17, 0)));
     EXPECT_EQ(CWnd::GetCapture(), &parent);
     knob.OnMouseMove(Offset(-17, 0), &image);
@@ -165,9 +115,17 @@ TEST_F(Knob, ADragReportsEveryMoveAndTheRelease) {
     EXPECT_EQ(CWnd::GetCapture(), nullptr);
     EXPECT_FALSE(knob.IsDragging());
     EXPECT_EQ(PixelIn(image, 5, 5), KnobFrameColour(30));
-
     knob.OnMouseMove(Offset(17, 0), &image);
     EXPECT_EQ(reports.size(), 4u) << "moves after the release are not the knob's";
+
+    // Released at the minimum: a new press just right of the gap jumps there.
+    knob.SetValue(0.0f, nullptr, false);
+    ASSERT_TRUE(knob.PtInTumami(Offset(0, 10)));
+    knob.OnLButtonUp(Offset(0, 10), &image);
+    ASSERT_FLOAT_EQ(knob.GetValue(), 0.0f);
+    ASSERT_TRUE(knob.PtInTumami(Offset(5, 15)));
+    knob.OnMouseMove(Offset(5, 15), &image);
+    EXPECT_GT(knob.GetValue(), 0.9f);
 }
 
 TEST_F(Knob, ShowsTheNearestFrameButCountsItsIndexUpwards) {

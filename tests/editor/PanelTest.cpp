@@ -1,5 +1,6 @@
 // The editor opened in a host window: its size, its life cycle, and a panel that shows the
-// effect's values in its controls, read-outs, meters and lamp, and follows automation.
+// effect's values in its controls, read-outs and meters, and follows automation.
+#include "CClientDC.h"
 #include "EditorHost.h"
 #include "FallbackIdleDriver.h"
 #include "FramePictures.h"
@@ -10,7 +11,6 @@
 #include <limits>
 #include <malloc.h>
 #include <thread>
-#include <vector>
 
 namespace {
 
@@ -18,47 +18,6 @@ constexpr int kAudioMasterAutomate = 0;
 
 class EditorPanel : public EditorHost {
 protected:
-    // Pixels of the panel inside the rectangle that differ from the bitmap's block at
-    // (sourceX, sourceY), counting only the pixels that the bitmap covers fully.
-    int Differences(const RECT& rect, const CQMTBitmap& bitmap, int sourceX = 0, int sourceY = 0) {
-        cairo_surface_t* shown = driver.Snapshot(&Panel());
-        cairo_surface_t* source = bitmap.GetImage();
-        cairo_surface_flush(source);
-        int differences = 0;
-        for (int y = rect.top; y < rect.bottom; ++y) {
-            for (int x = rect.left; x < rect.right; ++x) {
-                const int sx = sourceX + x - rect.left;
-                const int sy = sourceY + y - rect.top;
-                const unsigned char* row = cairo_image_surface_get_data(source) +
-                                           sy * cairo_image_surface_get_stride(source);
-                const std::uint32_t wanted = reinterpret_cast<const std::uint32_t*>(row)[sx];
-                if ((wanted >> 24) != 0xFF)
-                    continue;
-                if ((wanted & 0xFFFFFF) != PixelOf(shown, x, y))
-                    ++differences;
-            }
-        }
-        cairo_surface_destroy(shown);
-        return differences;
-    }
-
-    static std::uint32_t PixelOf(cairo_surface_t* surface, int x, int y) {
-        const unsigned char* row =
-            cairo_image_surface_get_data(surface) + y * cairo_image_surface_get_stride(surface);
-        return reinterpret_cast<const std::uint32_t*>(row)[x] & 0xFFFFFF;
-    }
-
-    // Where the panel differs from its background picture inside the rectangle.
-    int BackgroundDifferences(const RECT& rect) {
-        return Differences(rect, Load(kBitmapBackground), rect.left, rect.top);
-    }
-
-    CQMTBitmap& Load(int resource) {
-        resources.emplace_back(std::make_unique<CQMTBitmap>());
-        resources.back()->LoadResourceBitmap(MAKEINTRESOURCE(resource));
-        return *resources.back();
-    }
-
     // The knob strip's frame for a 0..1 value.
     int KnobDifferences(int slot, int frame) {
         return Differences(kKnobLayout[slot].control, Load(kBitmapKnobStrip), 0, frame * 34);
@@ -78,15 +37,6 @@ protected:
         }
         return columns;
     }
-
-    void ProcessLoudBlock() {
-        std::vector<float> left(256, 3.0f), right(256, -3.0f), outLeft(256), outRight(256);
-        float* inputs[] = {left.data(), right.data()};
-        float* outputs[] = {outLeft.data(), outRight.data()};
-        effect.processReplacing(inputs, outputs, 256);
-    }
-
-    std::vector<std::unique_ptr<CQMTBitmap>> resources;
 };
 
 int ThreadCount() {
@@ -99,32 +49,28 @@ int ThreadCount() {
     return count;
 }
 
-TEST_F(EditorPanel, TheSizeIsKnownBeforeTheEditorOpens) {
+TEST_F(EditorPanel, OpensAsAChildOfTheHostWindowAtTheSizeItGaveBeforehand) {
     ERect* rect = nullptr;
     ASSERT_EQ(Dispatch(effEditGetRect, 0, 0, &rect), 1);
     ASSERT_NE(rect, nullptr);
     const CQMTBitmap& background = Load(kBitmapBackground);
-    EXPECT_EQ(rect->top, 0);
-    EXPECT_EQ(rect->left, 0);
-    EXPECT_EQ(rect->bottom, background.Height());
-    EXPECT_EQ(rect->right, background.Width());
+    EXPECT_EQ(CRect(rect->left, rect->top, rect->right, rect->bottom),
+              CRect(0, 0, background.Width(), background.Height()));
     EXPECT_GT(background.Width(), 438) << "the output read-out ends at x 438";
     EXPECT_FALSE(Editor().isOpen());
     EXPECT_EQ(effect.getAeffect()->flags, 0x39) << "mono, replacing, chunks and an editor";
-}
 
-TEST_F(EditorPanel, OpensAsAChildOfTheHostWindowAtTheBackgroundsSize) {
     Open();
     ASSERT_NE(Editor().GetUIWindow(), nullptr);
     EXPECT_TRUE(Editor().isOpen());
     CRect client;
     Panel().GetClientRect(&client);
-    EXPECT_EQ(client, CRect(0, 0, Load(kBitmapBackground).Width(), 210));
+    EXPECT_EQ(client, CRect(0, 0, background.Width(), 210));
     CRect onScreen;
     Panel().GetWindowRect(&onScreen);
     EXPECT_EQ(onScreen.TopLeft(), CPoint(kHostLeft, kHostTop));
-    EXPECT_EQ(BackgroundDifferences(CRect(100, 0, 200, 45)), 0)
-        << "the background where no control sits";
+    const CRect bare(100, 0, 200, 45); // where no control sits
+    EXPECT_EQ(Differences(bare, background, bare.left, bare.top), 0) << "the background";
 }
 
 TEST_F(EditorPanel, ASecondOpenKeepsTheFirstPanelAndCloseIdleWhileClosedAreHarmless) {
@@ -147,6 +93,7 @@ TEST_F(EditorPanel, AFreshPanelShowsTheEffectsValuesNotTheControlsMiddle) {
     effect.setParameter(kParamInput, 0.3f);
     effect.setParameter(kParamOutput, 0.9f);
     effect.setParameter(kParamOnOff, 0.0f);
+    effect.setParameter(kParamType1, 0.5f);
     Open();
     EXPECT_FLOAT_EQ(Panel().Knob(0).GetValue(), 0.8f);
     EXPECT_FLOAT_EQ(Panel().Knob(1).GetValue(), effect.getParameter(kParamFreq1));
@@ -158,28 +105,8 @@ TEST_F(EditorPanel, AFreshPanelShowsTheEffectsValuesNotTheControlsMiddle) {
     EXPECT_EQ(KnobDifferences(3, 30), 0) << "Gain2 at 0 dB: the middle frame";
     EXPECT_GT(KnobDifferences(0, 30), 0) << "and the middle frame would look different";
     EXPECT_EQ(Differences(kOnOffSwitchLayout.rect, Load(kBitmapOnOffOff)), 0);
-}
 
-// The switch shows the value's integer part: only a whole 1 (or more) is on, and a host's
-// value far outside any integer opens the panel as harmlessly as it reaches the engine.
-TEST_F(EditorPanel, TheOnOffSwitchOpensOnTheIntegerPartOfAnyValue) {
-    const struct {
-        float value;
-        bool on;
-    } cases[] = {{0.99f, false}, {1.0f, true}, {-0.5f, false}, {-1.7e38f, true},
-                 {std::numeric_limits<float>::infinity(), true},
-                 {std::numeric_limits<float>::quiet_NaN(), true}};
-    for (const auto& c : cases) {
-        effect.setParameter(kParamOnOff, c.value);
-        Open();
-        EXPECT_EQ(Panel().OnOffSwitch().GetValue(), c.on) << c.value;
-        Dispatch(effEditClose);
-    }
-}
-
-TEST_F(EditorPanel, ATypeOfOneLightsOnlyThePeakSwitchOfItsBand) {
-    effect.setParameter(kParamType1, 0.5f);
-    Open();
+    // A type of one lights only the peak switch of its band.
     const CQMTBitmap& lit = Load(kBitmapTypeOn);
     const CQMTBitmap& unlit = Load(kBitmapTypeOff);
     const bool band1[] = {false, true, false};
@@ -191,7 +118,29 @@ TEST_F(EditorPanel, ATypeOfOneLightsOnlyThePeakSwitchOfItsBand) {
     }
 }
 
-TEST_F(EditorPanel, MetersRestAtTheFloorAndShowSixDbFromTheirSecondRow) {
+// The switch shows the value's integer part: only a whole 1 (or more) is on, and a host's
+// value far outside any integer opens the panel as harmlessly as it reaches the engine.
+TEST_F(EditorPanel, TheOnOffSwitchOpensOnTheIntegerPartOfAnyValue) {
+    const struct {
+        float value;
+        bool on;
+    } cases[] = {{0.99f, false},
+                 {1.0f, true},
+                 {-0.5f, false},
+                 {-1.7e38f, true},
+                 {std::numeric_limits<float>::infinity(), true},
+                 {std::numeric_limits<float>::quiet_NaN(), true}};
+    for (const auto& c : cases) {
+        effect.setParameter(kParamOnOff, c.value);
+        Open();
+        EXPECT_EQ(Panel().OnOffSwitch().GetValue(), c.on) << c.value;
+        Dispatch(effEditClose);
+    }
+}
+
+// The panel's own idle drives the meters here: the host's would run pending timer ticks
+// too, and each tick with no new block lets the meters fall.
+TEST_F(EditorPanel, MetersShowSixDbFromTheirSecondRowThenFallAndRestAtTheFloor) {
     Open();
     const CQMTBitmap& meter = Load(kBitmapMeter);
     const int width = meter.Width() / 2;
@@ -201,20 +150,35 @@ TEST_F(EditorPanel, MetersRestAtTheFloorAndShowSixDbFromTheirSecondRow) {
         EXPECT_EQ(Differences(strip, meter), 0) << "meter " << i << " unlit";
     }
 
-    // The panel's own idle: the host's would run pending timer ticks too, and each tick
-    // with no new block lets the meters fall.
-    ProcessLoudBlock();
+    std::vector<float> left(256, 3.0f), right(256, -3.0f), out(256);
+    float* inputs[] = {left.data(), right.data()};
+    float* outputs[] = {out.data(), out.data()};
+    effect.processReplacing(inputs, outputs, 256);
     Panel().idle();
     for (int i = 0; i < kMeterCount; ++i) {
         EXPECT_FLOAT_EQ(Panel().MeterLevel(i), 6.0f) << i;
-        const int left = kMeterLefts[i];
-        EXPECT_EQ(Differences(CRect(left, kMeterTop, left + width, kMeterTop + 1), meter), 0)
+        const int x = kMeterLefts[i];
+        EXPECT_EQ(Differences(CRect(x, kMeterTop, x + width, kMeterTop + 1), meter), 0)
             << "meter " << i << ": the top row stays unlit";
-        EXPECT_EQ(
-            Differences(CRect(left, kMeterTop + 1, left + width, kMeterTop + 133), meter, width, 1),
-            0)
+        EXPECT_EQ(Differences(CRect(x, kMeterTop + 1, x + width, kMeterTop + 133), meter, width, 1),
+                  0)
             << "meter " << i << ": lit from the second row down";
     }
+    Panel().idle();
+    EXPECT_FLOAT_EQ(Panel().MeterLevel(0), 5.75f) << "a quarter dB per tick";
+    for (int tick = 0; tick < 175; ++tick)
+        Panel().idle();
+    for (int i = 0; i < kMeterCount; ++i)
+        EXPECT_FLOAT_EQ(Panel().MeterLevel(i), -38.0f) << i;
+
+    // Paint over a meter: an idle at the floor leaves the paint, new peaks repaint it.
+    const CRect strip(kMeterLefts[0], kMeterTop, kMeterLefts[0] + width, kMeterTop + 133);
+    CClientDC(&Panel()).FillSolidRect(strip, 0x0000FF);
+    Panel().idle();
+    EXPECT_EQ(Pixel(strip.left + 2, strip.top + 60), 0xFF0000u) << "not redrawn";
+    effect.processReplacing(inputs, outputs, 256);
+    Panel().idle();
+    EXPECT_NE(Pixel(strip.left + 2, strip.top + 60), 0xFF0000u);
 }
 
 TEST_F(EditorPanel, ReadoutsShowTheHostsTextCentredInTheirWells) {
@@ -290,27 +254,9 @@ TEST_F(EditorPanel, ChangesBeforeTheFirstPaintAreShownOnceItIsPainted) {
     EXPECT_FLOAT_EQ(Panel().Knob(2).GetValue(), 0.9f);
 }
 
-TEST_F(EditorPanel, TheLampLightsWhileTheProgramDiffersFromItsStoredState) {
-    effect.open();
-    Open();
-    const CQMTBitmap& lamp = Load(kBitmapProgramLamp);
-    ASSERT_FALSE(effect.IsProgramChanged());
-    EXPECT_EQ(Differences(kProgramLampRect, lamp, 0, 0), 0);
-    EXPECT_EQ(Differences(kSaveButtonRect, Load(kBitmapSave)), 0);
-
-    effect.setParameter(kParamGain2, 0.1f);
-    Idle();
-    Idle();
-    EXPECT_EQ(Differences(kProgramLampRect, lamp, 0, lamp.Height() / 2), 0);
-
-    effect.ProgramToInitial();
-    Idle();
-    Idle();
-    EXPECT_EQ(Differences(kProgramLampRect, lamp, 0, 0), 0);
-    EXPECT_FLOAT_EQ(Panel().Knob(3).GetValue(), 0.5f) << "the knob went back with the program";
-}
-
-TEST_F(EditorPanel, OpeningAndClosingManyTimesLeavesNothingBehind) {
+// Closed by the host or with the effect deleted under it, the panel leaves no child window,
+// no meter timer's thread and no memory behind.
+TEST_F(EditorPanel, OpeningAndClosingManyTimesOrDeletingTheEffectLeavesNothingBehind) {
     auto* node = static_cast<native::HeadlessNode*>(hostWindow);
     Open();
     Dispatch(effEditClose);
@@ -325,11 +271,7 @@ TEST_F(EditorPanel, OpeningAndClosingManyTimesLeavesNothingBehind) {
     EXPECT_EQ(ThreadCount(), threads) << "every meter timer ended";
     // One leaked panel would hold its bitmaps, the knob strip alone some 280 kB.
     EXPECT_LT(mallinfo2().uordblks, allocated + 64 * 1024);
-}
 
-TEST_F(EditorPanel, DeletingTheEffectWithTheEditorOpenClosesIt) {
-    auto* node = static_cast<native::HeadlessNode*>(hostWindow);
-    const int threads = ThreadCount();
     {
         AZephyra other(RecordingHost::Callback, CZephyraEditor::Make);
         AEffect* record = other.getAeffect();
@@ -337,7 +279,7 @@ TEST_F(EditorPanel, DeletingTheEffectWithTheEditorOpenClosesIt) {
         record->dispatcher(record, effEditIdle, 0, 0, nullptr, 0.0f);
         EXPECT_EQ(node->children.size(), 1u);
     }
-    EXPECT_TRUE(node->children.empty());
+    EXPECT_TRUE(node->children.empty()) << "deleting the effect closed its editor";
     EXPECT_EQ(ThreadCount(), threads);
 }
 

@@ -5,6 +5,7 @@
 #include "CHeadlessDriver.h"
 #include "CUIWindow.h"
 #include "CZephyraEditor.h"
+#include "FramePictures.h"
 #include "RecordingHost.h"
 #include "TempFolder.h"
 #include "ToolRunner.h"
@@ -38,12 +39,6 @@ const Setting kSettings[] = {
 std::string ModuleFolder() {
     const std::string module = ZEPHYRA_MODULE;
     return module.substr(0, module.rfind('/') + 1);
-}
-
-std::uint32_t PixelOf(cairo_surface_t* surface, int x, int y) {
-    const unsigned char* row =
-        cairo_image_surface_get_data(surface) + y * cairo_image_surface_get_stride(surface);
-    return reinterpret_cast<const std::uint32_t*>(row)[x] & 0xFFFFFF;
 }
 
 // The panel painted in memory after the same calls that the command-line host makes.
@@ -100,7 +95,8 @@ TEST(EditorOnX11, TheScreenShowsWhatThePanelPaints) {
     int differences = 0;
     for (int y = 0; y < height; ++y) {
         for (int x = 0; x < width; ++x)
-            differences += PixelOf(screen, x, y) != PixelOf(panel, x, y);
+            differences +=
+                (SurfacePixel(screen, x, y) & 0xFFFFFF) != (SurfacePixel(panel, x, y) & 0xFFFFFF);
     }
     EXPECT_EQ(differences, 0);
     cairo_surface_destroy(panel);

@@ -1,11 +1,9 @@
 // The slider: its decade-curve track, reversed and snapping tracks, when it tells its
 // owner, and where it draws its thumb.
 #include "CQMTBitmapSliderDC.h"
-#include "FramePictures.h"
+#include "ControlFixture.h"
 
 #include <cmath>
-#include <gtest/gtest.h>
-#include <vector>
 
 namespace {
 
@@ -13,14 +11,11 @@ constexpr std::uint32_t kTrackColour = 0x202428;
 constexpr std::uint32_t kThumbColour = 0xE0E0E0;
 constexpr std::uint32_t kFillColour = 0x30A0F0;
 
-bool Record(int, float value, void* user) {
-    static_cast<std::vector<float>*>(user)->push_back(value);
-    return true;
-}
+enum class Track { Curved, Linear, Reversed, HorizontalAskedForACurve, Snapping };
 
 // A 16-pixel-wide track whose thumb (11 pixels high) travels 100 pixels, placed at (40, 20)
-// on the panel.
-class Slider : public ::testing::Test {
+// on the panel; horizontal tracks are 100 pixels long at the origin.
+class Slider : public ControlTest {
 protected:
     static constexpr int kLeft = 40;
     static constexpr int kTop = 20;
@@ -31,27 +26,22 @@ protected:
         MakeFrames(track, 16, 110, {kTrackColour});
         MakeFrames(thumb, 16, 11, {kThumbColour});
         MakeFrames(fill, 100, 11, {kFillColour});
-        MakeVertical(true, false, false);
-        image.CreateBitmapDC(200, 200);
+        Make(Track::Curved);
     }
 
-    void MakeVertical(bool logarithmic, bool reversed, bool snap) {
+    void Make(Track kind, CQMTBitmap* lit = nullptr) {
+        if (kind == Track::HorizontalAskedForACurve || kind == Track::Snapping) {
+            slider.Make(CRect(0, 0, 100, 11), CRect(), &parent, &fill, lit, &thumb, 0.0f, 1.0f,
+                        CPoint(0, 0), CPoint(100, 0), 107, 0, kind != Track::Snapping, false, false,
+                        kind == Track::Snapping, Record, this);
+            return;
+        }
+        const bool reversed = kind == Track::Reversed;
         const CPoint minimumEnd(0, reversed ? kTopEnd : kBottomEnd);
         const CPoint maximumEnd(0, reversed ? kBottomEnd : kTopEnd);
         slider.Make(CRect(kLeft, kTop, kLeft + 16, kTop + 110), CRect(), &parent, &track, nullptr,
-                    &thumb, 0.0f, 1.0f, minimumEnd, maximumEnd, 106, 1, logarithmic, reversed,
-                    false, snap, Record, &reports);
-    }
-
-    // A value from a press at this height in the slider's own coordinates.
-    float ValueAt(int y) {
-        slider.SetValueByPoint(CPoint(kLeft + 8, kTop + y));
-        return slider.GetValue();
-    }
-
-    float ValueAtX(int x) {
-        slider.SetValueByPoint(CPoint(x, 5));
-        return slider.GetValue();
+                    &thumb, 0.0f, 1.0f, minimumEnd, maximumEnd, 106, 1, kind != Track::Linear,
+                    reversed, false, false, Record, this);
     }
 
     // The panel row at which the drawn thumb starts.
@@ -63,79 +53,70 @@ protected:
         return -1;
     }
 
-    CWnd parent;
     CQMTBitmap track;
     CQMTBitmap thumb;
     CQMTBitmap fill;
     CQMTBitmapSliderDC slider;
-    std::vector<float> reports;
-    CDC image;
 };
 
-TEST_F(Slider, ADecadeCurveRunsAlongTheTrack) {
+// A press at a place along the track: vertical places are heights in the slider's own
+// coordinates, horizontal ones panel columns.
+TEST_F(Slider, EachKindOfTrackMapsThePointerToItsValue) {
     struct Case {
-        int y;
+        const char* what;
+        Track kind;
+        int at;
         float value;
     };
     const Case cases[] = {
-        {kBottomEnd, 0.0f},
-        {kBottomEnd + 3, 0.0f}, // below the track
-        {kTopEnd, 1.0f},
-        {0, 1.0f}, // above the track
-        {55, (std::sqrt(10.0f) - 1.0f) / 9.0f},
-        {80, (std::pow(10.0f, 0.25f) - 1.0f) / 9.0f},
+        {"curved, bottom end", Track::Curved, kBottomEnd, 0.0f},
+        {"curved, below the track", Track::Curved, kBottomEnd + 3, 0.0f},
+        {"curved, top end", Track::Curved, kTopEnd, 1.0f},
+        {"curved, above the track", Track::Curved, 0, 1.0f},
+        {"curved, half way", Track::Curved, 55, (std::sqrt(10.0f) - 1.0f) / 9.0f},
+        {"curved, a quarter", Track::Curved, 80, (std::pow(10.0f, 0.25f) - 1.0f) / 9.0f},
+        {"linear, half way", Track::Linear, 55, 0.5f},
+        {"linear, three quarters", Track::Linear, 30, 0.75f},
+        {"reversed, top end", Track::Reversed, kTopEnd, 0.0f},
+        {"reversed, above", Track::Reversed, 0, 0.0f},
+        {"reversed, below", Track::Reversed, kBottomEnd + 4, 1.0f},
+        {"horizontal stays linear", Track::HorizontalAskedForACurve, 25, 0.25f},
+        {"horizontal, beyond", Track::HorizontalAskedForACurve, 130, 1.0f},
+        {"snapping, below the midpoint", Track::Snapping, 49, 0.0f},
+        {"snapping, the midpoint goes to the maximum", Track::Snapping, 50, 1.0f},
+        {"snapping, above", Track::Snapping, 70, 1.0f},
     };
-    for (const Case& c : cases)
-        EXPECT_NEAR(ValueAt(c.y), c.value, 1e-6) << "y = " << c.y;
-}
-
-TEST_F(Slider, TheThumbIsDrawnWhereThePointerPutsIt) {
-    for (const int y : {kBottomEnd, 90, 55, 30, kTopEnd}) {
-        ValueAt(y);
-        slider.DrawSlider(&image);
-        EXPECT_NEAR(ThumbTop(), kTop + y - 5, 1) << "y = " << y;
+    for (const Case& c : cases) {
+        Make(c.kind);
+        const bool horizontal =
+            c.kind == Track::HorizontalAskedForACurve || c.kind == Track::Snapping;
+        slider.SetValueByPoint(horizontal ? CPoint(c.at, 5) : CPoint(kLeft + 8, kTop + c.at));
+        EXPECT_NEAR(slider.GetValue(), c.value, 1e-6) << c.what;
     }
 }
 
-TEST_F(Slider, ALinearTrackIsEven) {
-    MakeVertical(false, false, false);
-    EXPECT_FLOAT_EQ(ValueAt(55), 0.5f);
-    EXPECT_FLOAT_EQ(ValueAt(30), 0.75f);
-    // Half of the odd thumb's height is taken exactly and the sum cut, so the thumb at the
-    // minimum starts one row higher than on the curved track.
+// Half of the odd thumb's height is taken exactly and the sum cut on a linear track, so its
+// thumb at the minimum starts one row higher than on the curved track.
+TEST_F(Slider, TheThumbIsDrawnAtItsValueAndOutsideValuesAreClamped) {
+    for (const int y : {kBottomEnd, 90, 55, 30, kTopEnd}) {
+        slider.SetValueByPoint(CPoint(kLeft + 8, kTop + y));
+        slider.DrawSlider(&image);
+        EXPECT_NEAR(ThumbTop(), kTop + y - 5, 1) << "y = " << y;
+    }
+    slider.SetValue(2.0f, nullptr, false);
+    EXPECT_FLOAT_EQ(slider.GetValue(), 1.0f);
+    slider.SetValue(std::nanf(""), &image, false);
+    EXPECT_FLOAT_EQ(slider.GetValue(), 0.0f) << "not a number counts as the minimum";
+    EXPECT_EQ(ThumbTop(), kTop + kBottomEnd - 5);
+    Make(Track::Linear);
     slider.SetValue(0.0f, &image, false);
     EXPECT_EQ(ThumbTop(), kTop + kBottomEnd - 6);
-}
-
-TEST_F(Slider, AReversedTrackHasItsMinimumAtTheTop) {
-    MakeVertical(true, true, false);
-    EXPECT_FLOAT_EQ(ValueAt(kTopEnd), 0.0f);
-    EXPECT_FLOAT_EQ(ValueAt(0), 0.0f);
-    EXPECT_FLOAT_EQ(ValueAt(kBottomEnd + 4), 1.0f);
-}
-
-TEST_F(Slider, ASnappingSliderReportsOnlyItsEnds) {
-    slider.Make(CRect(0, 0, 100, 11), CRect(), &parent, &fill, nullptr, &thumb, 0.0f, 1.0f,
-                CPoint(0, 0), CPoint(100, 0), 107, 0, false, false, false, true, Record, &reports);
-    EXPECT_FLOAT_EQ(ValueAtX(49), 0.0f);
-    EXPECT_FLOAT_EQ(ValueAtX(50), 1.0f) << "the midpoint goes to the maximum";
-    EXPECT_FLOAT_EQ(ValueAtX(70), 1.0f);
-    EXPECT_EQ(reports, (std::vector<float>{1.0f}))
-        << "the first press left the value at its minimum";
-}
-
-TEST_F(Slider, AHorizontalTrackIsLinearEvenWhenAskedForACurve) {
-    slider.Make(CRect(0, 0, 100, 11), CRect(), &parent, &fill, nullptr, &thumb, 0.0f, 1.0f,
-                CPoint(0, 0), CPoint(100, 0), 107, 0, true, false, false, false, Record, &reports);
-    EXPECT_FLOAT_EQ(ValueAtX(25), 0.25f);
-    EXPECT_FLOAT_EQ(ValueAtX(130), 1.0f);
 }
 
 TEST_F(Slider, AHorizontalFillRunsFromTheLeftEdgeToTheThumb) {
     CQMTBitmap lit;
     MakeFrames(lit, 100, 11, {0xF0A030});
-    slider.Make(CRect(0, 0, 100, 11), CRect(), &parent, &fill, &lit, &thumb, 0.0f, 1.0f,
-                CPoint(0, 0), CPoint(100, 0), 107, 0, false, false, false, false, Record, &reports);
+    Make(Track::HorizontalAskedForACurve, &lit);
     slider.SetValue(0.5f, &image, false);
     EXPECT_EQ(PixelIn(image, 10, 5), 0xF0A030u);
     EXPECT_EQ(PixelIn(image, 50, 5), kThumbColour) << "the thumb is centred on its value";
@@ -150,6 +131,10 @@ TEST_F(Slider, OnlyRealChangesAreReported) {
     EXPECT_NE(ThumbTop(), -1) << "an unchanged value is still drawn";
     slider.SetValue(0.9f, nullptr, true);
     EXPECT_EQ(reports.size(), 2u);
+    Make(Track::Snapping);
+    reports.clear();
+    slider.SetValueByPoint(CPoint(49, 5));
+    EXPECT_TRUE(reports.empty()) << "a snapping press left at its minimum";
 }
 
 TEST_F(Slider, ADragCapturesTheMouseUntilTheRelease) {
@@ -171,14 +156,6 @@ TEST_F(Slider, ADisabledSliderIgnoresTheMouseAndDrawsNothing) {
     slider.DrawSlider(&image);
     EXPECT_EQ(PixelIn(image, kLeft + 8, kTop + 50), 0u);
     EXPECT_TRUE(reports.empty());
-}
-
-TEST_F(Slider, OutsideValuesAreClampedAndNonNumbersCountAsTheMinimum) {
-    slider.SetValue(2.0f, nullptr, false);
-    EXPECT_FLOAT_EQ(slider.GetValue(), 1.0f);
-    slider.SetValue(std::nanf(""), &image, false);
-    EXPECT_FLOAT_EQ(slider.GetValue(), 0.0f);
-    EXPECT_EQ(ThumbTop(), kTop + kBottomEnd - 5);
 }
 
 } // namespace

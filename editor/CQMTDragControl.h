@@ -1,0 +1,48 @@
+// What the knob and the slider share as controls the panel drags: their place on the
+// panel, the read-out they invalidate on a change, and the press, moves and release of a
+// drag, with the mouse captured in between. No window of its own; the panel owns each
+// control, forwards the mouse to it and hands it a DC to draw into.
+#pragma once
+
+#include "CDC.h"
+#include "CRect.h"
+#include "CWnd.h"
+
+class CQMTDragControl {
+public:
+    virtual ~CQMTDragControl() = default;
+
+    // A press on the control starts a drag, jumps to the pointer at once and draws; false
+    // when the press is not the control's.
+    bool PressAt(CPoint point, CDC* dc);
+    void OnMouseMove(CPoint point, CDC* dc);
+    void OnLButtonUp(CPoint point, CDC* dc);
+    void GetRect(CRect* rect) const;
+    void SetNewRect(const CRect& controlRect, const CRect& readoutRect);
+    bool IsDragging() const { return m_dragging; }
+
+protected:
+    void Place(const CRect& controlRect, const CRect& readoutRect, CWnd* parent);
+    // A press inside the control starts a drag and captures the mouse for the parent.
+    bool StartDrag(CPoint point);
+    // Ends a drag and releases the capture; false when no drag was under way.
+    bool EndDrag();
+    void InvalidateReadout();
+    // NaN counts as the minimum, so that no position is ever made from it.
+    static float ClampToRange(float value, float min, float max);
+
+    CRect m_controlRect;
+    CWnd* m_parent = nullptr;
+    bool m_dragging = false;
+
+private:
+    // Whether a press here starts a drag (StartDrag, where the control agrees).
+    virtual bool Grab(CPoint point) = 0;
+    // The value at the pointer, as the control maps it.
+    virtual void Follow(CPoint point) = 0;
+    virtual void Redraw(CDC* dc) = 0;
+    // After the release's own value has been taken.
+    virtual void Released() {}
+
+    CRect m_readoutRect;
+};
