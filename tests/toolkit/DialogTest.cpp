@@ -37,7 +37,7 @@ DialogTemplate SaveLayout() {
 // A dialog shaped like the preset dialog: a bound list, a name field read on OK.
 class SaveDialog : public CDialog {
 public:
-    explicit SaveDialog(CWnd* parent) : CDialog(kTemplate, parent) {}
+    explicit SaveDialog(CWnd* parent) : CDialog(SaveLayout(), parent, kTemplate) {}
 
     CComboBox list;
     int chosen = -2;
@@ -95,13 +95,8 @@ class DialogTest : public HostFixture {
 protected:
     void SetUp() override {
         HostFixture::SetUp();
-        AfxRegisterDialogTemplate(kTemplate, SaveLayout());
         ASSERT_TRUE(panel.CreateChild(&frame, CRect(0, 0, 300, 200)));
         dialog.owner = &panel;
-    }
-    void TearDown() override {
-        AfxUnregisterDialogTemplate(kTemplate);
-        HostFixture::TearDown();
     }
 
     // Starts the dialog; it is running once the call has returned.
@@ -222,8 +217,8 @@ TEST_F(DialogTest, ReturnOnAFocusedCancelButtonPressesIt) {
     EXPECT_EQ(Ended(), std::vector<int>{IDCANCEL});
 }
 
-TEST_F(DialogTest, MissingLayoutFailsWithMinusOne) {
-    CDialog unknown(5999, &panel);
+TEST_F(DialogTest, DialogWithOnlyATemplateIdFailsWithMinusOne) {
+    CDialog unknown(kTemplate, &panel);
     testing::internal::CaptureStdout();
     EXPECT_EQ(unknown.DoModal(nullptr), -1);
     EXPECT_EQ(testing::internal::GetCapturedStdout(), "CreateWindowFromNib Err: 2\n");
@@ -244,10 +239,10 @@ TEST_F(DialogTest, DoModalActivatesTheDialogWithTraces) {
 TEST_F(DialogTest, FailedExchangeEndsTheDialogAtOnce) {
     class Broken : public CDialog {
     public:
-        using CDialog::CDialog;
+        explicit Broken(CWnd* parent) : CDialog(SaveLayout(), parent) {}
         CComboBox list;
         void DoDataExchange(CDataExchange* exchange) override { DDX_Control(exchange, 4242, list); }
-    } broken(kTemplate, &panel);
+    } broken(&panel);
     EXPECT_EQ(broken.DoModal([this](int result) { results.push_back(result); }), -1);
     EXPECT_TRUE(Ended().empty());
     EXPECT_TRUE(panel.IsWindowEnabled());
