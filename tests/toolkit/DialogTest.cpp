@@ -140,11 +140,16 @@ TEST_F(DialogTest, CancelButtonCloseBoxAndEscapeEndWithoutOnOk) {
     EXPECT_EQ(dialog.chosen, -2);
 }
 
-TEST_F(DialogTest, ReturnMeansOkAndAnEndIsReportedOnce) {
+// Return presses the focused button, OK when none has the focus; an end is reported once.
+TEST_F(DialogTest, ReturnPressesTheFocusedButtonOrOk) {
     Start();
     driver.Key(kKeyReturn, kCharReturn);
     driver.Key(kKeyEscape, kCharEscape);
     EXPECT_EQ(Ended(), std::vector<int>{IDOK});
+    Start();
+    Item(IDCANCEL)->SetFocus();
+    driver.Key(kKeyReturn, kCharReturn);
+    EXPECT_EQ(Ended(), (std::vector<int>{IDOK, IDCANCEL}));
 }
 
 TEST_F(DialogTest, OwnerIsDisabledOnlyWhileTheDialogRuns) {
@@ -168,13 +173,9 @@ TEST_F(DialogTest, DestroyedWhileRunningReportsNothing) {
     EXPECT_TRUE(panel.IsWindowEnabled());
 }
 
-TEST_F(DialogTest, BoundListIsTheDialogsControl) {
+TEST_F(DialogTest, ChoosingFromTheBoundListNotifiesTheDialog) {
     Start();
     EXPECT_EQ(Item(kList), &dialog.list);
-}
-
-TEST_F(DialogTest, ChoosingFromTheListNotifiesTheDialog) {
-    Start();
     driver.Click(&dialog.list, CPoint(20, 10));
     PopupListWnd* open = PopupListWnd::Active();
     ASSERT_NE(open, nullptr);
@@ -208,13 +209,6 @@ TEST_F(DialogTest, TabMovesBetweenControlsAndTypingGoesToTheField) {
     EXPECT_EQ(Ended(), std::vector<int>{IDOK});
     EXPECT_EQ(focusSeen, expected);
     EXPECT_EQ(dialog.name, "Warm") << "Tab selects the field's text, typing replaces it";
-}
-
-TEST_F(DialogTest, ReturnOnAFocusedCancelButtonPressesIt) {
-    Start();
-    Item(IDCANCEL)->SetFocus();
-    driver.Key(kKeyReturn, kCharReturn);
-    EXPECT_EQ(Ended(), std::vector<int>{IDCANCEL});
 }
 
 TEST_F(DialogTest, DialogWithOnlyATemplateIdFailsWithMinusOne) {
