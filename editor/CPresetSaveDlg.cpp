@@ -1,7 +1,6 @@
 #include "CPresetSaveDlg.h"
 
 #include "AZephyraProgram.h"
-#include "DialogTemplate.h"
 #include "SJIS.h"
 #include "WinControlIds.h"
 #include "WinStyles.h"
@@ -28,14 +27,6 @@ DialogTemplate SaveDialogLayout() {
     return layout;
 }
 
-void RegisterSaveDialogLayout() {
-    static const bool registered = [] {
-        AfxRegisterDialogTemplate(CPresetSaveDlg::kTemplateId, SaveDialogLayout());
-        return true;
-    }();
-    (void)registered;
-}
-
 } // namespace
 
 BEGIN_MESSAGE_MAP(CPresetSaveDlg, CDialog)
@@ -43,9 +34,7 @@ ON_CBN_SELCHANGE(CPresetSaveDlg::kProgramListId, OnSelPGMCombo)
 END_MESSAGE_MAP()
 
 CPresetSaveDlg::CPresetSaveDlg(CWnd* parent, ZephyraEditorEffect* effect)
-    : CDialog(kTemplateId, parent), m_pEffect(effect) {
-    RegisterSaveDialogLayout();
-}
+    : CDialog(SaveDialogLayout(), parent, kTemplateId), m_pEffect(effect) {}
 
 void CPresetSaveDlg::DoDataExchange(CDataExchange* exchange) {
     CDialog::DoDataExchange(exchange);

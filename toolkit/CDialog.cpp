@@ -39,8 +39,9 @@ CDialog::CDialog(UINT templateId, CWnd* parent) : m_nIDTemplate(templateId), m_p
     SetBackgroundColor(theme::kWindow);
 }
 
-CDialog::CDialog(const DialogTemplate& layout, CWnd* parent)
-    : m_nIDTemplate(0), m_pOwner(parent), m_layout(std::make_unique<DialogTemplate>(layout)) {
+CDialog::CDialog(const DialogTemplate& layout, CWnd* parent, UINT templateId)
+    : m_nIDTemplate(templateId), m_pOwner(parent),
+      m_layout(std::make_unique<DialogTemplate>(layout)) {
     SetBackgroundColor(theme::kWindow);
 }
 
@@ -51,9 +52,8 @@ CDialog::~CDialog() {
 }
 
 int CDialog::DoModal(Ended onEnded) {
-    const DialogTemplate* layout = m_layout ? m_layout.get() : AfxFindDialogTemplate(m_nIDTemplate);
     CWnd* owner = m_pOwner ? m_pOwner : AfxGetMainWnd();
-    if (!layout || !CreateFromLayout(*layout, owner)) {
+    if (!m_layout || !CreateFromLayout(*m_layout, owner)) {
         AfxDiagnostic("CreateWindowFromNib Err: %d\n", ENOENT);
         return -1;
     }

@@ -1,4 +1,4 @@
-// A modal dialog built from a registered layout (or one given in code): a title strip drawn
+// A modal dialog built from a layout given in code: a title strip drawn
 // by the toolkit (drag it to move the dialog, × to cancel), the layout's controls, keyboard
 // handling (Tab and Shift+Tab between controls, Return for OK or the focused button, Escape
 // for Cancel), with its owner disabled while it runs. It runs no loop of its own: DoModal
@@ -20,6 +20,7 @@ public:
     // Told IDOK after OnOK, IDCANCEL after Cancel.
     using Ended = std::function<void(int result)>;
 
+    // A dialog known only by its template id has no layout: DoModal fails.
     explicit CDialog(UINT templateId, CWnd* parent = nullptr);
     // A dialog destroyed while it runs is not told; its owner is enabled again.
     ~CDialog() override;
@@ -46,8 +47,8 @@ public:
     bool SubclassDlgItem(int id, CWnd& control);
 
 protected:
-    // A dialog whose layout is given here rather than registered.
-    CDialog(const DialogTemplate& layout, CWnd* parent);
+    // A dialog with its layout, under the template id its callers know it by (if any).
+    CDialog(const DialogTemplate& layout, CWnd* parent, UINT templateId = 0);
     bool TakesKeyboard() const override { return true; }
 
     void OnPaint();

@@ -1,6 +1,6 @@
 // Dialog layouts built in code: a title, a client size and the controls with their ids,
-// places (client coordinates below the title strip), texts and styles. A module registers
-// its layouts by template id at start-up; CDialog builds a dialog from one.
+// places (client coordinates below the title strip), texts and styles. A dialog class
+// hands its layout to CDialog, which builds the dialog from it.
 #pragma once
 
 #include "CString.h"
@@ -24,9 +24,3 @@ struct DialogTemplate {
     int height;
     std::vector<DialogItemTemplate> items;
 };
-
-// Registering an id again replaces its layout.
-void AfxRegisterDialogTemplate(int templateId, const DialogTemplate& layout);
-void AfxUnregisterDialogTemplate(int templateId);
-// The layout registered under the id, or null.
-const DialogTemplate* AfxFindDialogTemplate(int templateId);

@@ -70,25 +70,26 @@ TEST_F(ControlsTest, TypingInsertsAtTheCaretAndNotifies) {
               (std::vector<UINT>{EN_SETFOCUS, EN_CHANGE, EN_CHANGE, EN_CHANGE}));
 }
 
+// The limit counts characters, not bytes.
 TEST_F(ControlsTest, LimitCutsWhatDoesNotFit) {
     field.SetLimitText(3);
     field.SetFocus();
     driver.Type("12345");
     EXPECT_EQ(Text(), "123");
     EXPECT_EQ(field.GetLimitText(), 3u);
+    field.SetWindowText("");
+    for (unsigned character : {0x3042u, 0x3044u, 0x3046u, 0x3048u})
+        driver.Key(0, character);
+    EXPECT_EQ(Text(), "\xE3\x81\x82\xE3\x81\x84\xE3\x81\x86");
+    driver.Key(kKeyBackSpace, kCharBackSpace);
+    EXPECT_EQ(Text(), "\xE3\x81\x82\xE3\x81\x84");
 }
 
-TEST_F(ControlsTest, SelectionIsReplacedByTyping) {
+TEST_F(ControlsTest, TypingReplacesTheSelectionAndDeleteKeysRemoveACharacter) {
     field.SetWindowText("999");
     field.SetFocus();
     field.SetSel(0, -1);
-    driver.Type("7");
-    EXPECT_EQ(Text(), "7");
-}
-
-TEST_F(ControlsTest, BackspaceAndForwardDelete) {
-    field.SetWindowText("abcd");
-    field.SetFocus();
+    driver.Type("abcd");
     field.SetSel(2, 2);
     driver.Key(kKeyBackSpace, kCharBackSpace);
     driver.Key(kKeyDelete, kCharDelete);
@@ -129,16 +130,6 @@ TEST_F(ControlsTest, SilentTextChangeSendsNoNotification) {
     EXPECT_TRUE(Notifications(kField).empty());
     field.SetWindowText("4");
     EXPECT_EQ(Notifications(kField), std::vector<UINT>{EN_CHANGE});
-}
-
-TEST_F(ControlsTest, UnicodeCharactersCountAsOne) {
-    field.SetLimitText(3);
-    field.SetFocus();
-    for (unsigned character : {0x3042u, 0x3044u, 0x3046u, 0x3048u})
-        driver.Key(0, character);
-    EXPECT_EQ(Text(), "\xE3\x81\x82\xE3\x81\x84\xE3\x81\x86");
-    driver.Key(kKeyBackSpace, kCharBackSpace);
-    EXPECT_EQ(Text(), "\xE3\x81\x82\xE3\x81\x84");
 }
 
 TEST_F(ControlsTest, FocusedFieldShowsTheAccentBorder) {
@@ -241,15 +232,12 @@ protected:
     CComboBox list;
 };
 
-TEST_F(ComboTest, EmptyListHasNoSelection) {
-    EXPECT_EQ(list.GetCurSel(), -1);
-    EXPECT_EQ(list.GetCount(), 0);
-    EXPECT_EQ(list.SetCurSel(0), CB_ERR);
-}
-
 TEST_F(ComboTest, SelectionInCodeDoesNotNotify) {
+    EXPECT_EQ(list.SetCurSel(0), CB_ERR) << "an empty list has nothing to select";
+    EXPECT_EQ(list.GetCurSel(), -1);
     list.AddString("1:Flat");
     list.AddString("2:Warm");
+    EXPECT_EQ(list.GetCount(), 2);
     EXPECT_EQ(list.SetCurSel(1), 1);
     EXPECT_EQ(list.GetCurSel(), 1);
     CString shown;

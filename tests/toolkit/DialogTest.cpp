@@ -37,7 +37,7 @@ DialogTemplate SaveLayout() {
 // A dialog shaped like the preset dialog: a bound list, a name field read on OK.
 class SaveDialog : public CDialog {
 public:
-    explicit SaveDialog(CWnd* parent) : CDialog(kTemplate, parent) {}
+    explicit SaveDialog(CWnd* parent) : CDialog(SaveLayout(), parent, kTemplate) {}
 
     CComboBox list;
     int chosen = -2;
@@ -95,13 +95,8 @@ class DialogTest : public HostFixture {
 protected:
     void SetUp() override {
         HostFixture::SetUp();
-        AfxRegisterDialogTemplate(kTemplate, SaveLayout());
         ASSERT_TRUE(panel.CreateChild(&frame, CRect(0, 0, 300, 200)));
         dialog.owner = &panel;
-    }
-    void TearDown() override {
-        AfxUnregisterDialogTemplate(kTemplate);
-        HostFixture::TearDown();
     }
 
     // Starts the dialog; it is running once the call has returned.
@@ -145,11 +140,16 @@ TEST_F(DialogTest, CancelButtonCloseBoxAndEscapeEndWithoutOnOk) {
     EXPECT_EQ(dialog.chosen, -2);
 }
 
-TEST_F(DialogTest, ReturnMeansOkAndAnEndIsReportedOnce) {
+// Return presses the focused button, OK when none has the focus; an end is reported once.
+TEST_F(DialogTest, ReturnPressesTheFocusedButtonOrOk) {
     Start();
     driver.Key(kKeyReturn, kCharReturn);
     driver.Key(kKeyEscape, kCharEscape);
     EXPECT_EQ(Ended(), std::vector<int>{IDOK});
+    Start();
+    Item(IDCANCEL)->SetFocus();
+    driver.Key(kKeyReturn, kCharReturn);
+    EXPECT_EQ(Ended(), (std::vector<int>{IDOK, IDCANCEL}));
 }
 
 TEST_F(DialogTest, OwnerIsDisabledOnlyWhileTheDialogRuns) {
@@ -173,13 +173,9 @@ TEST_F(DialogTest, DestroyedWhileRunningReportsNothing) {
     EXPECT_TRUE(panel.IsWindowEnabled());
 }
 
-TEST_F(DialogTest, BoundListIsTheDialogsControl) {
+TEST_F(DialogTest, ChoosingFromTheBoundListNotifiesTheDialog) {
     Start();
     EXPECT_EQ(Item(kList), &dialog.list);
-}
-
-TEST_F(DialogTest, ChoosingFromTheListNotifiesTheDialog) {
-    Start();
     driver.Click(&dialog.list, CPoint(20, 10));
     PopupListWnd* open = PopupListWnd::Active();
     ASSERT_NE(open, nullptr);
@@ -215,15 +211,8 @@ TEST_F(DialogTest, TabMovesBetweenControlsAndTypingGoesToTheField) {
     EXPECT_EQ(dialog.name, "Warm") << "Tab selects the field's text, typing replaces it";
 }
 
-TEST_F(DialogTest, ReturnOnAFocusedCancelButtonPressesIt) {
-    Start();
-    Item(IDCANCEL)->SetFocus();
-    driver.Key(kKeyReturn, kCharReturn);
-    EXPECT_EQ(Ended(), std::vector<int>{IDCANCEL});
-}
-
-TEST_F(DialogTest, MissingLayoutFailsWithMinusOne) {
-    CDialog unknown(5999, &panel);
+TEST_F(DialogTest, DialogWithOnlyATemplateIdFailsWithMinusOne) {
+    CDialog unknown(kTemplate, &panel);
     testing::internal::CaptureStdout();
     EXPECT_EQ(unknown.DoModal(nullptr), -1);
     EXPECT_EQ(testing::internal::GetCapturedStdout(), "CreateWindowFromNib Err: 2\n");
@@ -244,10 +233,10 @@ TEST_F(DialogTest, DoModalActivatesTheDialogWithTraces) {
 TEST_F(DialogTest, FailedExchangeEndsTheDialogAtOnce) {
     class Broken : public CDialog {
     public:
-        using CDialog::CDialog;
+        explicit Broken(CWnd* parent) : CDialog(SaveLayout(), parent) {}
         CComboBox list;
         void DoDataExchange(CDataExchange* exchange) override { DDX_Control(exchange, 4242, list); }
-    } broken(kTemplate, &panel);
+    } broken(&panel);
     EXPECT_EQ(broken.DoModal([this](int result) { results.push_back(result); }), -1);
     EXPECT_TRUE(Ended().empty());
     EXPECT_TRUE(panel.IsWindowEnabled());

@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include <sstream>
 #include <string>
 
 namespace {
@@ -16,15 +17,9 @@ public:
     void Type(const char* text) override { m_driver.Type(text); }
     void PressReturn() override { m_driver.Key(kKeyReturn, kCharReturn); }
     void KeysIntoOpenWindow(const char* keys, bool) override {
-        const std::string names(keys);
-        std::size_t start = 0;
-        while (start < names.size()) {
-            std::size_t end = names.find(' ', start);
-            if (end == std::string::npos)
-                end = names.size();
-            PressNamed(names.substr(start, end - start));
-            start = end + 1;
-        }
+        std::istringstream names(keys);
+        for (std::string name; names >> name;)
+            PressNamed(name);
     }
     bool RunUntil(const std::function<bool()>& condition) override {
         m_driver.Pump();

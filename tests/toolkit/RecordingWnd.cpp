@@ -6,11 +6,6 @@
 BEGIN_MESSAGE_MAP(RecordingWnd, CWnd)
 ON_WM_CREATE()
 ON_WM_PAINT()
-ON_WM_TIMER()
-ON_WM_LBUTTONDOWN()
-ON_WM_LBUTTONUP()
-ON_WM_LBUTTONDBLCLK()
-ON_WM_DESTROY()
 END_MESSAGE_MAP()
 
 LRESULT RecordingWnd::WindowProc(UINT message, WPARAM wParam, LPARAM lParam) {
@@ -54,15 +49,3 @@ int RecordingWnd::OnCreate(CREATESTRUCT* create) {
 void RecordingWnd::OnPaint() {
     paintedAreas.push_back(GetUpdateRect());
 }
-
-void RecordingWnd::OnTimer(UINT id) {
-    CWnd::OnTimer(id);
-}
-
-void RecordingWnd::OnLButtonDown(UINT, CPoint) {}
-
-void RecordingWnd::OnLButtonUp(UINT, CPoint) {}
-
-void RecordingWnd::OnLButtonDblClk(UINT, CPoint) {}
-
-void RecordingWnd::OnDestroy() {}

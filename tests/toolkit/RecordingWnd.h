@@ -1,5 +1,5 @@
-// A window that writes down every message it receives (number and parameters) and handles
-// the common ones, so that tests can check what arrived, in which order.
+// A window that writes down every message it receives (number and parameters), its
+// creation and its paints, so that tests can check what arrived, in which order.
 #pragma once
 
 #include "CWnd.h"
@@ -34,11 +34,6 @@ protected:
 
     int OnCreate(CREATESTRUCT* create);
     void OnPaint();
-    void OnTimer(UINT id);
-    void OnLButtonDown(UINT flags, CPoint point);
-    void OnLButtonUp(UINT flags, CPoint point);
-    void OnLButtonDblClk(UINT flags, CPoint point);
-    void OnDestroy();
 
     DECLARE_MESSAGE_MAP()
 };

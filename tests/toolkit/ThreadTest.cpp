@@ -8,6 +8,7 @@
 
 #include <atomic>
 #include <chrono>
+#include <functional>
 #include <thread>
 
 namespace {
@@ -52,20 +53,20 @@ TEST_F(ThreadTest, TimerTicksArriveAsTimerMessagesWithZeroId) {
     }
 }
 
-TEST_F(ThreadTest, NoTickArrivesAfterKillTimer) {
-    wnd.SetTimer(1, 10);
-    driver.PumpFor(50);
-    // Ticks already queued when the timer stops are not delivered either.
-    std::this_thread::sleep_for(std::chrono::milliseconds(30));
-    wnd.KillTimer(1);
-    const size_t ticks = wnd.ticks.size();
-    driver.PumpFor(50);
-    EXPECT_EQ(wnd.ticks.size(), ticks);
-}
-
-TEST_F(ThreadTest, KillTimerWithoutTimerIsHarmless) {
-    EXPECT_TRUE(wnd.KillTimer(3));
-    EXPECT_TRUE(wnd.KillTimer(3));
+// Ticks already counted when the timer stops are not delivered either.
+TEST_F(ThreadTest, NoTickArrivesOnceKilledOrDestroyed) {
+    EXPECT_TRUE(wnd.KillTimer(3)) << "killing no timer is harmless";
+    const std::function<void()> stops[] = {[this] { EXPECT_TRUE(wnd.KillTimer(1)); },
+                                           [this] { wnd.DestroyWindow(); }};
+    for (const auto& stop : stops) {
+        wnd.SetTimer(1, 10);
+        driver.PumpFor(50);
+        std::this_thread::sleep_for(std::chrono::milliseconds(30));
+        stop();
+        const size_t ticks = wnd.ticks.size();
+        driver.PumpFor(50);
+        EXPECT_EQ(wnd.ticks.size(), ticks);
+    }
 }
 
 TEST_F(ThreadTest, SecondSetTimerReplacesTheFirst) {
@@ -76,27 +77,10 @@ TEST_F(ThreadTest, SecondSetTimerReplacesTheFirst) {
     wnd.KillTimer(2);
 }
 
-TEST_F(ThreadTest, DestroyWindowStopsTheTimer) {
-    wnd.SetTimer(1, 10);
-    driver.PumpFor(30);
-    wnd.DestroyWindow();
-    const size_t ticks = wnd.ticks.size();
-    driver.PumpFor(40);
-    EXPECT_EQ(wnd.ticks.size(), ticks);
-}
-
-TEST_F(ThreadTest, StoppedTimerThreadHasEnded) {
-    std::atomic<bool> stopped{false};
-    {
-        WindowTimer timer(0, 1000);
-        std::thread stopper([&] {
-            timer.Stop();
-            stopped = true;
-        });
-        stopper.join();
-        EXPECT_FALSE(timer.IsRunning());
-    }
-    EXPECT_TRUE(stopped);
+TEST_F(ThreadTest, StopFromAnotherThreadReturnsOnceTheTimerHasEnded) {
+    WindowTimer timer(0, 1000);
+    std::thread([&] { timer.Stop(); }).join();
+    EXPECT_FALSE(timer.IsRunning());
 }
 
 TEST_F(ThreadTest, UndeliveredTicksAreBounded) {
@@ -160,10 +144,6 @@ TEST_F(ThreadTest, PostingWhileTheMainThreadPumps) {
     driver.Pump();
     EXPECT_EQ(wnd.Only(kFromWorker).back().lParam, kPosts);
 }
-
-} // namespace
-
-namespace {
 
 TEST(FallbackIdle, RunsTheToolkitUntilTheHostIdles) {
     CHeadlessDriver driver;

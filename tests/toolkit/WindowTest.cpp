@@ -35,33 +35,30 @@ TEST_F(WindowTest, CreationDeliversCreateMoveAndSizeInOrder) {
     EXPECT_EQ(client, CRect(0, 0, 100, 50));
 }
 
-TEST_F(WindowTest, CreateForcesTheChildStyle) {
+TEST_F(WindowTest, ChildStyleIsForcedAndAParentWithAViewNeeded) {
     RecordingWnd wnd;
     ASSERT_TRUE(wnd.Create(nullptr, "w", WS_VISIBLE, CRect(0, 0, 10, 10), &frame, 1));
     EXPECT_TRUE(wnd.GetStyle() & WS_CHILD);
-}
-
-TEST_F(WindowTest, CreationRefusedByOnCreateLeavesNoView) {
-    RecordingWnd wnd;
-    wnd.createResult = -1;
-    EXPECT_FALSE(wnd.CreateChild(&frame, CRect(0, 0, 10, 10)));
-    EXPECT_EQ(wnd.GetSafeHwnd(), nullptr);
-    EXPECT_EQ(wnd.postNcDestroyCalls, 1);
-    EXPECT_EQ(wnd.Only(WM_MOVE).size(), 0u);
-}
-
-TEST_F(WindowTest, CreationRefusedByPreCreateWindowSendsNothing) {
-    RecordingWnd wnd;
-    wnd.allowCreate = false;
-    EXPECT_FALSE(wnd.CreateChild(&frame, CRect(0, 0, 10, 10)));
-    EXPECT_TRUE(wnd.received.empty());
-    EXPECT_EQ(wnd.postNcDestroyCalls, 0);
-}
-
-TEST_F(WindowTest, ChildNeedsAParentWithAView) {
     RecordingWnd orphan;
     EXPECT_FALSE(orphan.Create(nullptr, "w", WS_VISIBLE, CRect(0, 0, 10, 10), nullptr, 1));
     EXPECT_EQ(orphan.GetSafeHwnd(), nullptr);
+}
+
+// Refused by OnCreate, the window is torn down (PostNcDestroy) before it is placed; refused
+// by PreCreateWindow, nothing is sent at all.
+TEST_F(WindowTest, RefusedCreationLeavesNoView) {
+    RecordingWnd byOnCreate;
+    byOnCreate.createResult = -1;
+    EXPECT_FALSE(byOnCreate.CreateChild(&frame, CRect(0, 0, 10, 10)));
+    EXPECT_EQ(byOnCreate.GetSafeHwnd(), nullptr);
+    EXPECT_EQ(byOnCreate.postNcDestroyCalls, 1);
+    EXPECT_EQ(byOnCreate.Only(WM_MOVE).size(), 0u);
+
+    RecordingWnd byPreCreate;
+    byPreCreate.allowCreate = false;
+    EXPECT_FALSE(byPreCreate.CreateChild(&frame, CRect(0, 0, 10, 10)));
+    EXPECT_TRUE(byPreCreate.received.empty());
+    EXPECT_EQ(byPreCreate.postNcDestroyCalls, 0);
 }
 
 TEST_F(WindowTest, DestroyTakesChildrenFirstThenDetaches) {
@@ -100,25 +97,21 @@ TEST_F(WindowTest, ShowWindowHidesAndShowsWithPositionNotice) {
     EXPECT_TRUE(wnd.IsWindowVisible());
     EXPECT_FALSE(wnd.GetSafeHwnd()->IsHidden());
     EXPECT_EQ(wnd.windowPosFlags, (std::vector<UINT>{0x80, 0x40}));
-}
-
-TEST_F(WindowTest, ShowCommandsAboveNineAreIgnored) {
-    RecordingWnd wnd;
-    ASSERT_TRUE(wnd.CreateChild(&frame, CRect(0, 0, 10, 10)));
     wnd.received.clear();
-    EXPECT_TRUE(wnd.ShowWindow(10));
+    EXPECT_TRUE(wnd.ShowWindow(10)) << "commands above nine are ignored";
     EXPECT_TRUE(wnd.received.empty());
     EXPECT_TRUE(wnd.IsWindowVisible());
+
+    RecordingWnd viewless;
+    EXPECT_TRUE(viewless.ShowWindow(SW_SHOW));
+    EXPECT_TRUE(viewless.IsWindowVisible()) << "without a view only the visibility is kept";
+    EXPECT_TRUE(viewless.received.empty());
 }
 
-TEST_F(WindowTest, WindowWithoutViewOnlyRecordsVisibility) {
-    RecordingWnd wnd;
-    EXPECT_TRUE(wnd.ShowWindow(SW_SHOW));
-    EXPECT_TRUE(wnd.IsWindowVisible());
-    EXPECT_TRUE(wnd.received.empty());
-}
-
-TEST_F(WindowTest, MoveWindowResizesAndRepositions) {
+TEST_F(WindowTest, HostFrameTakesTheHostSizeAndMoveWindowPlacesWithinIt) {
+    CRect client;
+    frame.GetClientRect(&client);
+    EXPECT_EQ(client, CRect(0, 0, kHostWidth, kHostHeight));
     RecordingWnd wnd;
     ASSERT_TRUE(wnd.CreateChild(&frame, CRect(0, 0, 10, 10)));
     wnd.received.clear();
@@ -133,12 +126,6 @@ TEST_F(WindowTest, MoveWindowResizesAndRepositions) {
     EXPECT_TRUE(wnd.Only(WM_SIZE).empty());
     wnd.GetWindowRect(&screen);
     EXPECT_EQ(screen.TopLeft(), CPoint(kHostLeft, kHostTop));
-}
-
-TEST_F(WindowTest, HostFrameTakesTheHostWindowSize) {
-    CRect client;
-    frame.GetClientRect(&client);
-    EXPECT_EQ(client, CRect(0, 0, kHostWidth, kHostHeight));
 }
 
 TEST_F(WindowTest, TextOfAChildIsFoundThroughItsId) {

@@ -1,4 +1,4 @@
-// Drives the toolkit in memory, for tests and off-screen rendering: makes the in-memory
+// Drives the toolkit in memory, for tests, fuzzers and benches: makes the in-memory
 // platform the one that editors open, stands in for the host's window, injects mouse and
 // key input at window coordinates, runs the main thread's work, and reads what windows
 // show. Main thread only.
