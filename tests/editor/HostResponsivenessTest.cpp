@@ -53,8 +53,8 @@ constexpr auto kSettle = 500ms;
 // The most any window or host call is waited for.
 constexpr auto kPatience = 5s;
 
-constexpr int kCopiedProgram = 2;  // the second choosable entry: program 0 is the current one
-constexpr int kCurrentProgram = 0; // where the dialog offers to save, under the copy's name
+constexpr int kCopiedProgram = 2; // the second choosable entry: program 0 is the current one
+constexpr int kSavedSlot = 5;     // five steps down from the current program
 constexpr int kSwitchedProgram = 1;
 constexpr float kAutomatedGain = 0.25f;
 constexpr float kAutomatedFrequency = 0.375f;
@@ -153,15 +153,6 @@ protected:
         EXPECT_TRUE(Arrives(hostCall, 0ms)) << "the host's call came while " << what << " was open";
     }
 
-    // The save dialog once it is on the screen and has settled, as a user's first click
-    // would find it. The steps then click into the name field rather than trust where the
-    // keyboard is: a Space typed into a focused button would end the dialog.
-    std::string OpenedDialog() {
-        const std::string dialog = FindWindow(kSaveDialog, kPatience);
-        std::this_thread::sleep_for(kSettle);
-        return dialog;
-    }
-
     // The user's closing step; then the window must go and the editor take it in.
     void CloseWith(const std::string& command, const std::string& search, const char* what) {
         ASSERT_TRUE(RunCommand(command));
@@ -197,41 +188,44 @@ protected:
             << "the chosen program was copied over the automated gain";
     }
 
-    // The save dialog, held open while the host automates a frequency, then OK for what it
-    // offers: the current program's slot and name. Typing into the dialog is the editor's
-    // X11 interaction test's job; this one is about the host's thread.
+    // The save dialog, held open while the host automates a frequency; the sixth slot
+    // chosen, a name typed, and OK.
     void SaveThroughTheDialog() {
         host->EnterPhase(kDialogOpen);
         ASSERT_TRUE(RunCommand(ClickOn(window, kSaveButtonRect)));
-        const std::string dialog = OpenedDialog();
+        const std::string dialog = FindWindow(kSaveDialog, kPatience);
         ASSERT_FALSE(dialog.empty()) << "the save button opened the dialog";
         auto automatedFrequency = host->Call<float>([](PluginInstance& plugin) {
             plugin.setParameter(kParamFreq1, kAutomatedFrequency);
             return plugin.parameter(kParamFreq1);
         });
+        ASSERT_TRUE(RunCommand("xdotool key Down Down Down Down Down Tab"));
+        ASSERT_TRUE(RunCommand("xdotool type 'Held Saved'"));
         HoldOpen(automatedFrequency, "the dialog");
         host->EnterPhase(kDialogOk);
         ASSERT_NO_FATAL_FAILURE(CloseWith(ClickAt(dialog, kOkX, kButtonY), kSaveDialog, "OK"));
         const std::string saved = WaitForFile(bankFile);
         ASSERT_FALSE(saved.empty()) << "OK wrote the user's bank file";
-        const ZephyraProgramRecord record = RecordIn(saved, kCurrentProgram);
-        EXPECT_STREQ(record.name, RecordIn(factory, kCopiedProgram).name) << "copied with it";
+        const ZephyraProgramRecord record = RecordIn(saved, kSavedSlot);
+        EXPECT_STREQ(record.name, "Held Saved");
         EXPECT_EQ(ValuesOf(record),
                   ValuesOf(RecordIn(factory, kCopiedProgram), kParamFreq1, kAutomatedFrequency))
             << "the copied program with the frequency automated before OK";
     }
 
-    // The dialog again, the host switching programs, and Cancel.
+    // The dialog again, a name typed, the host switching programs, and Cancel.
     void CancelTheDialog() {
         host->EnterPhase(kDialogCancel);
         const std::string bankBeforeCancel = ReadWholeFile(bankFile);
         ASSERT_TRUE(RunCommand(ClickOn(window, kSaveButtonRect)));
-        const std::string dialog = OpenedDialog();
+        const std::string dialog = FindWindow(kSaveDialog, kPatience);
         ASSERT_FALSE(dialog.empty()) << "the save button opened the dialog again";
         auto switched = host->Call<int>([](PluginInstance& plugin) {
             plugin.dispatch(effSetProgram, 0, kSwitchedProgram);
             return static_cast<int>(plugin.dispatch(effGetProgram));
         });
+        ASSERT_TRUE(RunCommand("xdotool key Tab"));
+        ASSERT_TRUE(RunCommand("xdotool type 'Not Saved'"));
         HoldOpen(switched, "the dialog");
         ASSERT_NO_FATAL_FAILURE(
             CloseWith(ClickAt(dialog, kCancelX, kButtonY), kSaveDialog, "Cancel"));

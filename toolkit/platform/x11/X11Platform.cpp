@@ -185,13 +185,9 @@ std::unique_ptr<NativeView> X11Platform::WrapHostView(void* handle, ViewEvents& 
                                      SIZE{attributes.width, attributes.height});
 }
 
-unsigned X11Platform::CurrentModifiers() {
-    Window root = None;
-    Window child = None;
-    int rootX = 0, rootY = 0, x = 0, y = 0;
-    unsigned mask = 0;
-    XQueryPointer(m_display, DefaultRootWindow(m_display), &root, &child, &rootX, &rootY, &x, &y,
-                  &mask);
+namespace {
+
+unsigned ModifiersOf(unsigned mask) {
     unsigned modifiers = 0;
     if (mask & ShiftMask)
         modifiers |= kModifierShift;
@@ -202,6 +198,44 @@ unsigned X11Platform::CurrentModifiers() {
     if (mask & Mod1Mask)
         modifiers |= kModifierOption;
     return modifiers;
+}
+
+// The modifier mask an input event carries: the state as the user had it when the event
+// happened, which a handler must see rather than the state now.
+bool EventModifierMask(const XEvent& event, unsigned* mask) {
+    switch (event.type) {
+    case KeyPress:
+    case KeyRelease:
+        *mask = event.xkey.state;
+        return true;
+    case ButtonPress:
+    case ButtonRelease:
+        *mask = event.xbutton.state;
+        return true;
+    case MotionNotify:
+        *mask = event.xmotion.state;
+        return true;
+    default:
+        return false;
+    }
+}
+
+} // namespace
+
+// Like Win32's GetKeyState: while an input event is handled, the modifiers that came with
+// it. The host's thread handles events some time after they happen (at its next idle call),
+// and a live query then reports keys pressed since: a Tab typed before a capital letter
+// would count as Shift+Tab.
+unsigned X11Platform::CurrentModifiers() {
+    if (m_handlingInput)
+        return ModifiersOf(m_eventModifierMask);
+    Window root = None;
+    Window child = None;
+    int rootX = 0, rootY = 0, x = 0, y = 0;
+    unsigned mask = 0;
+    XQueryPointer(m_display, DefaultRootWindow(m_display), &root, &child, &rootX, &rootY, &x, &y,
+                  &mask);
+    return ModifiersOf(mask);
 }
 
 RECT X11Platform::ScreenBounds() {
@@ -232,8 +266,11 @@ bool X11Platform::IsOurs(Window window) const {
 
 void X11Platform::Dispatch(XEvent& event) {
     const auto found = m_views.find(event.xany.window);
-    if (found != m_views.end())
-        found->second->HandleEvent(event);
+    if (found == m_views.end())
+        return;
+    m_handlingInput = EventModifierMask(event, &m_eventModifierMask);
+    found->second->HandleEvent(event);
+    m_handlingInput = false;
 }
 
 void X11Platform::GivePendingFocus() {

@@ -56,6 +56,9 @@ private:
     Window m_focusToRestore = None;
     Window m_pendingFocus = None;
     unsigned long m_lastViewabilityCheckMs = 0;
+    // The modifiers of the input event being handled, if one is.
+    bool m_handlingInput = false;
+    unsigned m_eventModifierMask = 0;
 };
 
 } // namespace native
