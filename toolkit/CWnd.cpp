@@ -490,7 +490,7 @@ bool CWnd::KillTimer(int) {
 }
 
 void CWnd::DeliverTimerTick(std::uint32_t generation) {
-    if (m_timer && m_timer->Generation() == generation && m_timer->TakeTick())
+    if (m_timer && m_timer->Generation() == generation && m_timer->IsRunning())
         SendMessage(WM_TIMER, 0, 0);
 }
 

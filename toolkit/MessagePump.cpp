@@ -2,8 +2,8 @@
 
 #include "CWnd.h"
 #include "MFCView0.h"
-#include "MainThreadQueue.h"
 #include "PostedMessageRing.h"
+#include "WindowTimer.h"
 #include "headless/HeadlessPlatform.h"
 #include "x11/OpenX11Platform.h"
 
@@ -43,16 +43,14 @@ std::vector<std::shared_ptr<native::NativePlatform>> LivePlatforms() {
     return live;
 }
 
-void DeliverQueuedWork() {
-    MainThreadQueue& queue = TheMainThreadQueue();
-    // Only as much as the queue can hold: a timer that keeps ticking cannot trap the loop.
-    MainThreadTask task;
-    for (std::size_t i = 0; i < MainThreadQueue::kCapacity && queue.TryPop(task); ++i) {
-        if (task.kind == MainThreadTaskKind::PostedMessage) {
-            DeliverPostedSlot(static_cast<int>(task.value));
-        } else if (MFCView0* view = MFCView0::FromSerial(task.viewSerial)) {
-            if (CWnd* wnd = view->GetCWnd())
-                wnd->DeliverTimerTick(task.value);
+// A handler may kill its timer, set another or destroy its window: each tick looks the
+// window and its timer up again.
+void DeliverTimerTicks() {
+    for (const WindowTimer::DueTicks& due : WindowTimer::TakeDueTicks()) {
+        for (int tick = 0; tick < due.count; ++tick) {
+            MFCView0* view = MFCView0::FromSerial(due.viewSerial);
+            if (CWnd* wnd = view ? view->GetCWnd() : nullptr)
+                wnd->DeliverTimerTick(due.generation);
         }
     }
 }
@@ -105,13 +103,14 @@ void AfxForEachPlatform(const std::function<void(native::NativePlatform&)>& func
 
 void AfxPumpMessages() {
     AfxForEachPlatform([](native::NativePlatform& platform) { platform.ProcessEvents(); });
-    DeliverQueuedWork();
+    DeliverPostedMessages();
+    DeliverTimerTicks();
     RunLaterCalls();
     MFCView0::DisplayAllPending();
 }
 
 void AfxWaitForWork(int timeoutMs) {
-    if (!TheMainThreadQueue().IsEmpty())
+    if (HasPostedMessages() || WindowTimer::AnyTickDue())
         return;
     const auto live = LivePlatforms();
     if (live.empty()) {

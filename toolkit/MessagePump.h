@@ -23,7 +23,7 @@ std::shared_ptr<native::NativePlatform> AfxDefaultPlatform();
 // Calls the function for every platform still open.
 void AfxForEachPlatform(const std::function<void(native::NativePlatform&)>& function);
 
-// Delivers pending native events, then the queued posts and ticks present now, then the
+// Delivers pending native events, then the posted messages and timer ticks waiting, then the
 // calls put off, then paints every view with a pending area. Never blocks.
 void AfxPumpMessages();
 // Blocks until native input may be waiting, work is queued, or the time is up.

@@ -1,21 +1,32 @@
 #include "WindowTimer.h"
 
-#include "MainThreadQueue.h"
-
+#include <algorithm>
 #include <chrono>
 #include <pthread.h>
 
 namespace {
+
 std::atomic<std::uint32_t> g_nextGeneration{1};
+
+// Every timer alive (main thread only).
+std::vector<WindowTimer*>& LiveTimers() {
+    static std::vector<WindowTimer*> timers;
+    return timers;
 }
+
+} // namespace
 
 WindowTimer::WindowTimer(std::uint64_t viewSerial, unsigned periodMs)
     : m_viewSerial(viewSerial), m_periodMs(periodMs),
       m_generation(g_nextGeneration.fetch_add(1, std::memory_order_relaxed)),
-      m_thread(&WindowTimer::Run, this) {}
+      m_thread(&WindowTimer::Run, this) {
+    LiveTimers().push_back(this);
+}
 
 WindowTimer::~WindowTimer() {
     Stop();
+    auto& timers = LiveTimers();
+    timers.erase(std::remove(timers.begin(), timers.end(), this), timers.end());
 }
 
 void WindowTimer::Stop() {
@@ -29,11 +40,21 @@ void WindowTimer::Stop() {
         m_thread.join();
 }
 
-bool WindowTimer::TakeTick() {
-    if (!IsRunning())
-        return false;
-    m_pendingTicks.fetch_sub(1, std::memory_order_acq_rel);
-    return true;
+std::vector<WindowTimer::DueTicks> WindowTimer::TakeDueTicks() {
+    std::vector<DueTicks> due;
+    for (WindowTimer* timer : LiveTimers()) {
+        if (!timer->IsRunning())
+            continue;
+        if (const int count = timer->m_pendingTicks.exchange(0, std::memory_order_acq_rel))
+            due.push_back({timer->m_viewSerial, timer->m_generation, count});
+    }
+    return due;
+}
+
+bool WindowTimer::AnyTickDue() {
+    return std::any_of(LiveTimers().begin(), LiveTimers().end(), [](const WindowTimer* timer) {
+        return timer->IsRunning() && timer->m_pendingTicks.load(std::memory_order_relaxed) > 0;
+    });
 }
 
 // The period is a sleep between ticks, not a fixed rate; the first tick comes one period
@@ -43,11 +64,8 @@ void WindowTimer::Run() {
     const auto period = std::chrono::milliseconds(m_periodMs);
     std::unique_lock<std::mutex> lock(m_mutex);
     while (!m_wake.wait_for(lock, period, [this] { return m_stopRequested; })) {
-        if (m_pendingTicks.load(std::memory_order_acquire) >= kMaxPendingTicks)
-            continue;
-        m_pendingTicks.fetch_add(1, std::memory_order_acq_rel);
-        if (!TheMainThreadQueue().TryPush(
-                {MainThreadTaskKind::TimerTick, m_viewSerial, m_generation}))
-            m_pendingTicks.fetch_sub(1, std::memory_order_acq_rel);
+        // Only this thread adds and the main thread only takes all, so the bound holds.
+        if (m_pendingTicks.load(std::memory_order_relaxed) < kMaxPendingTicks)
+            m_pendingTicks.fetch_add(1, std::memory_order_release);
     }
 }

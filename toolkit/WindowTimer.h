@@ -1,5 +1,7 @@
-// A window's timer: a thread of its own that sleeps for the period, then hands one tick to
-// the main thread, and again, until stopped. Owned by its CWnd.
+// A window's timer: a thread of its own that sleeps for the period, then counts one tick
+// for the main thread, and again, until stopped. A tick carries nothing but its window, so
+// the count is the timer's whole queue; the main thread's pump takes the counts of every
+// timer. Owned by its CWnd; made, stopped and destroyed on the main thread.
 #pragma once
 
 #include <atomic>
@@ -7,6 +9,7 @@
 #include <cstdint>
 #include <mutex>
 #include <thread>
+#include <vector>
 
 class WindowTimer {
 public:
@@ -18,12 +21,22 @@ public:
     WindowTimer(const WindowTimer&) = delete;
     WindowTimer& operator=(const WindowTimer&) = delete;
 
-    // Returns once the thread has ended; ticks still queued are not delivered.
+    // Returns once the thread has ended; ticks still counted are not delivered.
     void Stop();
     bool IsRunning() const { return m_running.load(std::memory_order_acquire); }
     std::uint32_t Generation() const { return m_generation; }
-    // Main thread: accounts for one delivered tick; false when the timer has stopped.
-    bool TakeTick();
+
+    // Ticks taken from one timer: each is delivered to the view's window only while that
+    // window still runs the same timer (generation).
+    struct DueTicks {
+        std::uint64_t viewSerial;
+        std::uint32_t generation;
+        int count;
+    };
+    // Main thread: takes the ticks counted so far from every timer.
+    static std::vector<DueTicks> TakeDueTicks();
+    // Main thread: whether any timer has a tick counted.
+    static bool AnyTickDue();
 
 private:
     void Run();
