@@ -2,8 +2,8 @@
 // single parameters, in that order, so a `--set` refines the program it lands on.
 #pragma once
 
-#include "BankFile.h"
 #include "CommandLine.h"
+#include "FxbFile.h"
 
 #include <optional>
 #include <string>
@@ -13,7 +13,7 @@ class PluginInstance;
 
 struct PluginSettings {
     std::string bankPath;
-    std::optional<BankFile> bank;
+    std::optional<FxbFile> bank;
     std::optional<int> program;
     std::vector<std::string> assignments;
 };

@@ -1,5 +1,5 @@
 // Reading bank files: both kinds, the selected program of newer banks, and damaged files.
-#include "BankFile.h"
+#include "FxbFile.h"
 #include "ToolError.h"
 #include "ToolRunner.h"
 
@@ -48,7 +48,7 @@ std::string programRecord(const std::string& name, const std::vector<float>& val
 
 class BankFiles : public testing::Test {
 protected:
-    BankFile read(const std::string& bytes) {
+    FxbFile read(const std::string& bytes) {
         writeText(folder.file("bank.fxb"), bytes);
         return readBankFile(folder.file("bank.fxb"));
     }
@@ -66,8 +66,8 @@ protected:
 };
 
 TEST_F(BankFiles, ParameterListsKeepOrderNamesAndValues) {
-    const BankFile bank = read(bankHeader("FxBk", 2, 2, 1) + programRecord("Soft", {0.25f, 0.5f}) +
-                               programRecord("Loud", {1.0f, 0.125f}));
+    const FxbFile bank = read(bankHeader("FxBk", 2, 2, 1) + programRecord("Soft", {0.25f, 0.5f}) +
+                              programRecord("Loud", {1.0f, 0.125f}));
     EXPECT_FALSE(bank.isChunk);
     EXPECT_EQ(bank.pluginId, 0x41626364); // 'Abcd'
     EXPECT_EQ(bank.currentProgram, 1);
@@ -78,7 +78,7 @@ TEST_F(BankFiles, ParameterListsKeepOrderNamesAndValues) {
 }
 
 TEST_F(BankFiles, FirstFormatVersionHasNoSelectedProgram) {
-    const BankFile bank = read(bankHeader("FxBk", 1, 1, 7) + programRecord("Only", {0.5f}));
+    const FxbFile bank = read(bankHeader("FxBk", 1, 1, 7) + programRecord("Only", {0.5f}));
     EXPECT_EQ(bank.currentProgram, 0);
 }
 
@@ -86,7 +86,7 @@ TEST_F(BankFiles, ChunkIsTakenWhole) {
     std::string bytes = bankHeader("FBCh", 1, 64, 0);
     putWord(bytes, 5);
     bytes += "abcde";
-    const BankFile bank = read(bytes);
+    const FxbFile bank = read(bytes);
     EXPECT_TRUE(bank.isChunk);
     EXPECT_EQ(std::string(bank.chunk.begin(), bank.chunk.end()), "abcde");
 }

@@ -1,4 +1,4 @@
-#include "BankFile.h"
+#include "FxbFile.h"
 
 #include "FourCharacterText.h"
 #include "PluginInstance.h"
@@ -93,14 +93,14 @@ BankProgram readProgram(BigEndianReader& reader, const std::string& path) {
 
 } // namespace
 
-BankFile readBankFile(const std::string& path) {
+FxbFile readBankFile(const std::string& path) {
     const std::vector<uint8_t> bytes = readWholeFile(path);
     BigEndianReader reader(bytes, path);
     if (bytes.size() < kBankHeaderSize || !reader.tag("CcnK")) {
         throw ToolError(path + " is not a VST bank file");
     }
     reader.word(); // byte size
-    BankFile bank;
+    FxbFile bank;
     if (reader.tag("FBCh")) {
         bank.isChunk = true;
     } else {
@@ -133,7 +133,7 @@ BankFile readBankFile(const std::string& path) {
     return bank;
 }
 
-void loadBank(PluginInstance& plugin, const BankFile& bank, const std::string& path) {
+void loadBank(PluginInstance& plugin, const FxbFile& bank, const std::string& path) {
     const int32_t pluginId = plugin.effect().uniqueID;
     if (bank.pluginId != pluginId) {
         throw ToolError("bank " + path + " belongs to plug-in '" +

@@ -11,7 +11,7 @@ struct BankProgram {
     std::vector<float> parameters;
 };
 
-struct BankFile {
+struct FxbFile {
     int32_t pluginId = 0;
     int32_t currentProgram = 0;
     bool isChunk = false;
@@ -20,9 +20,9 @@ struct BankFile {
 };
 
 // Throws ToolError when the file cannot be read or is not a well-formed bank.
-BankFile readBankFile(const std::string& path);
+FxbFile readBankFile(const std::string& path);
 
 class PluginInstance;
 // Hands the bank to the plug-in as a host does: the chunk through effSetChunk, otherwise
 // program by program. Throws ToolError when the bank belongs to another plug-in.
-void loadBank(PluginInstance& plugin, const BankFile& bank, const std::string& path);
+void loadBank(PluginInstance& plugin, const FxbFile& bank, const std::string& path);
