@@ -101,6 +101,10 @@ TEST_P(OtherHost, KeepsTheDisplayRanges) {
         EXPECT_EQ(p.minInteger, expected.min) << expected.index;
         EXPECT_EQ(p.maxInteger, expected.max) << expected.index;
         EXPECT_STREQ(p.label, expected.label);
+        EXPECT_EQ(p.stepInteger, 128);
+        EXPECT_EQ(p.largeStepInteger, 256);
+        EXPECT_EQ(p.displayIndex, expected.index);
+        EXPECT_EQ(p.categoryLabel[0] | p.shortLabel[0], 0) << "the rest is zeroed";
     }
 }
 

@@ -71,31 +71,6 @@ TEST(ParameterDisplayTyped, OnlyTheLevelsCorrectMinusZeroAndNothingOverflows) {
     EXPECT_STREQ(text, "kept");
 }
 
-TEST(ParameterProperties, DescribeIntegerRangesAndSteps) {
-    AZephyra effect(nullptr);
-    const struct {
-        int index;
-        int32_t flags, min, max;
-        const char* label;
-    } table[] = {{0, 11, 0, 1, ""},      {1, 10, 0, 2, "dB"},      {3, 11, 0, 2, ""},
-                 {4, 10, -12, 12, "dB"}, {5, 10, 20, 20000, "Hz"}, {10, 10, 0, 10, ""}};
-    for (const auto& expected : table) {
-        VstParameterProperties p;
-        std::memset(&p, 0xA5, sizeof(p));
-        EXPECT_TRUE(effect.getParameterProperties(expected.index, &p));
-        EXPECT_EQ(p.flags, expected.flags) << expected.index;
-        EXPECT_EQ(p.minInteger, expected.min) << expected.index;
-        EXPECT_EQ(p.maxInteger, expected.max) << expected.index;
-        EXPECT_STREQ(p.label, expected.label);
-        EXPECT_EQ(p.stepInteger, 128);
-        EXPECT_EQ(p.largeStepInteger, 256);
-        EXPECT_EQ(p.displayIndex, expected.index);
-        EXPECT_EQ(p.categoryLabel[0] | p.shortLabel[0], 0) << "the rest is zeroed";
-    }
-    VstParameterProperties outside;
-    effect.getParameterProperties(11, &outside); // harmless, whatever it answers
-}
-
 class ParameterSetters : public testing::Test {
 protected:
     RecordingHost host;
