@@ -88,19 +88,18 @@ constexpr SwitchLayout kOnOffSwitchLayout{
 
 // Band 1 LOW, PEAK, Hi; band 2 LOW, PEAK, Hi: three radio buttons per band.
 constexpr int kTypesPerBand = 3;
+constexpr SwitchLayout TypeSwitch(unsigned int id, int band, int type) {
+    return {id,
+            band == 0 ? kParamType1 : kParamType2,
+            type,
+            ToRect(layout::TypeSwitchRect(band, type)),
+            kBitmapTypeOff,
+            kBitmapTypeOn};
+}
 constexpr SwitchLayout kTypeSwitchLayout[] = {
-    {kIdBand1LowSwitch, kParamType1, 0, ToRect(layout::TypeSwitchRect(0, 0)), kBitmapTypeOff,
-     kBitmapTypeOn},
-    {kIdBand1PeakSwitch, kParamType1, 1, ToRect(layout::TypeSwitchRect(0, 1)), kBitmapTypeOff,
-     kBitmapTypeOn},
-    {kIdBand1HiSwitch, kParamType1, 2, ToRect(layout::TypeSwitchRect(0, 2)), kBitmapTypeOff,
-     kBitmapTypeOn},
-    {kIdBand2LowSwitch, kParamType2, 0, ToRect(layout::TypeSwitchRect(1, 0)), kBitmapTypeOff,
-     kBitmapTypeOn},
-    {kIdBand2PeakSwitch, kParamType2, 1, ToRect(layout::TypeSwitchRect(1, 1)), kBitmapTypeOff,
-     kBitmapTypeOn},
-    {kIdBand2HiSwitch, kParamType2, 2, ToRect(layout::TypeSwitchRect(1, 2)), kBitmapTypeOff,
-     kBitmapTypeOn},
+    TypeSwitch(kIdBand1LowSwitch, 0, 0),  TypeSwitch(kIdBand1PeakSwitch, 0, 1),
+    TypeSwitch(kIdBand1HiSwitch, 0, 2),   TypeSwitch(kIdBand2LowSwitch, 1, 0),
+    TypeSwitch(kIdBand2PeakSwitch, 1, 1), TypeSwitch(kIdBand2HiSwitch, 1, 2),
 };
 constexpr int kTypeSwitchCount = sizeof kTypeSwitchLayout / sizeof kTypeSwitchLayout[0];
 
