@@ -1,4 +1,4 @@
-#include "AfxMessageBox.h"
+#include "base/AfxMessageBox.h"
 
 #include <atomic>
 #include <cstdio>

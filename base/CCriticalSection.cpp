@@ -1,4 +1,4 @@
-#include "CCriticalSection.h"
+#include "base/CCriticalSection.h"
 
 CCriticalSection::CCriticalSection() {
     pthread_mutexattr_t attributes;

@@ -1,6 +1,6 @@
-#include "CFile.h"
+#include "base/CFile.h"
 
-#include "PlatformFolders.h"
+#include "base/PlatformFolders.h"
 
 #include <cerrno>
 #include <fcntl.h>

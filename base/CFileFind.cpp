@@ -1,6 +1,6 @@
-#include "CFileFind.h"
+#include "base/CFileFind.h"
 
-#include "PlatformFolders.h"
+#include "base/PlatformFolders.h"
 
 #include <sys/stat.h>
 

@@ -1,8 +1,8 @@
 // A position in pixels, top-left origin, y growing downward.
 #pragma once
 
-#include "CSize.h"
-#include "WinTypes.h"
+#include "base/CSize.h"
+#include "base/WinTypes.h"
 
 class CPoint : public POINT {
 public:

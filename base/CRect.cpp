@@ -1,4 +1,4 @@
-#include "CRect.h"
+#include "base/CRect.h"
 
 #include <algorithm>
 #include <utility>

@@ -1,9 +1,9 @@
 // A rectangle as left, top, right, bottom; right and bottom lie just outside it.
 #pragma once
 
-#include "CPoint.h"
-#include "CSize.h"
-#include "WinTypes.h"
+#include "base/CPoint.h"
+#include "base/CSize.h"
+#include "base/WinTypes.h"
 
 class CRect : public RECT {
 public:

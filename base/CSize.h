@@ -1,7 +1,7 @@
 // A width and a height in pixels.
 #pragma once
 
-#include "WinTypes.h"
+#include "base/WinTypes.h"
 
 class CSize : public SIZE {
 public:

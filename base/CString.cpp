@@ -1,4 +1,4 @@
-#include "CString.h"
+#include "base/CString.h"
 
 #include <algorithm>
 #include <cstdio>

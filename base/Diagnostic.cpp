@@ -1,4 +1,4 @@
-#include "Diagnostic.h"
+#include "base/Diagnostic.h"
 
 #include <cstdarg>
 #include <cstdio>

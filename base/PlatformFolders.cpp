@@ -1,4 +1,4 @@
-#include "PlatformFolders.h"
+#include "base/PlatformFolders.h"
 
 #include <cerrno>
 #include <cstdio>

@@ -1,4 +1,4 @@
-#include "SJIS.h"
+#include "base/SJIS.h"
 
 #include <cerrno>
 #include <cstdint>

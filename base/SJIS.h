@@ -1,7 +1,7 @@
 // Program names are stored as Shift-JIS bytes; the user interface speaks UTF-8.
 #pragma once
 
-#include "CString.h"
+#include "base/CString.h"
 
 // Copies source to destination as UTF-8: unchanged when it already is valid UTF-8, else
 // decoded as Shift-JIS; when that fails as well, unchanged.

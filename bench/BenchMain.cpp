@@ -9,7 +9,7 @@
 //   zephyra_bench --count CASE FRAMES     runs one case for about FRAMES frames inside
 //                                         CountedRun, for valgrind --tool=callgrind
 //                                         --toggle-collect='*CountedRun*'
-#include "Workloads.h"
+#include "bench/Workloads.h"
 
 #include <benchmark/benchmark.h>
 

@@ -2,7 +2,7 @@
 // (a low shelf and a bell), levels away from unity so that no multiplication is trivial.
 #pragma once
 
-#include "ZephyraParameters.h"
+#include "effect/ZephyraParameters.h"
 
 #include <cstdint>
 

@@ -10,7 +10,7 @@
 // The last lines are "summary NAME VALUE" for bench/editor-costs.sh.
 //
 //   zephyra_editor_bench [--headless] [--seconds S] [Google Benchmark flags]
-#include "EditorSession.h"
+#include "bench/EditorSession.h"
 
 #include <benchmark/benchmark.h>
 

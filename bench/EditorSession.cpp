@@ -1,10 +1,10 @@
-#include "EditorSession.h"
+#include "bench/EditorSession.h"
 
-#include "AZephyra.h"
-#include "BenchSettings.h"
-#include "CHeadlessDriver.h"
-#include "CZephyraEditor.h"
-#include "EditorWindow.h"
+#include "effect/AZephyra.h"
+#include "bench/BenchSettings.h"
+#include "toolkit/driver/CHeadlessDriver.h"
+#include "editor/CZephyraEditor.h"
+#include "tools/EditorWindow.h"
 
 #include <cmath>
 

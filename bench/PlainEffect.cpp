@@ -1,6 +1,6 @@
-#include "PlainEffect.h"
+#include "bench/PlainEffect.h"
 
-#include "BenchSettings.h"
+#include "bench/BenchSettings.h"
 
 #include <cmath>
 

@@ -5,7 +5,7 @@
 // same samples before it times anything.
 #pragma once
 
-#include "CBiquadFilter.h"
+#include "dsp/CBiquadFilter.h"
 
 #include <cstdint>
 #include <mutex>

@@ -1,4 +1,4 @@
-#include "RecursionBound.h"
+#include "bench/RecursionBound.h"
 
 namespace {
 

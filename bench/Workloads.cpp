@@ -1,10 +1,10 @@
-#include "Workloads.h"
+#include "bench/Workloads.h"
 
-#include "BenchSettings.h"
-#include "CMultiEqualizer.h"
-#include "PlainEffect.h"
-#include "PluginInstance.h"
-#include "RecursionBound.h"
+#include "bench/BenchSettings.h"
+#include "dsp/CMultiEqualizer.h"
+#include "bench/PlainEffect.h"
+#include "tools/PluginInstance.h"
+#include "bench/RecursionBound.h"
 
 #include <cstring>
 #include <random>

@@ -29,9 +29,10 @@ elseif(NOT ZEPHYRA_SANITIZE STREQUAL "")
     message(FATAL_ERROR "ZEPHYRA_SANITIZE must be address, thread or empty")
 endif()
 
-# zephyra_library(NAME SOURCES...): one static library per subsystem, whose folder is its
-# public include directory.
+# zephyra_library(NAME SOURCES...): one static library per subsystem. Includes name their
+# folder from the project root ("effect/AZephyra.h"), so the root is the one include
+# directory.
 function(zephyra_library name)
     add_library(${name} STATIC ${ARGN})
-    target_include_directories(${name} PUBLIC ${CMAKE_CURRENT_SOURCE_DIR})
+    target_include_directories(${name} PUBLIC ${PROJECT_SOURCE_DIR})
 endfunction()

@@ -1,4 +1,4 @@
-#include "CBiquadFilter.h"
+#include "dsp/CBiquadFilter.h"
 
 #include <algorithm>
 #include <cmath>

@@ -1,4 +1,4 @@
-#include "CMultiEqualizer.h"
+#include "dsp/CMultiEqualizer.h"
 
 #include <algorithm>
 #include <cmath>

@@ -8,10 +8,10 @@
 // (value * 65536): 1000 Hz is 65536000, Q 1.0 is 65536, -6 dB is -393216.
 #pragma once
 
-#include "CBiquadFilter.h"
-#include "CCriticalSection.h"
-#include "StereoPass.h"
-#include "tWAVEFORMATEX.h"
+#include "dsp/CBiquadFilter.h"
+#include "base/CCriticalSection.h"
+#include "dsp/StereoPass.h"
+#include "dsp/tWAVEFORMATEX.h"
 
 #include <memory>
 #include <vector>

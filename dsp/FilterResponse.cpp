@@ -1,4 +1,4 @@
-#include "FilterResponse.h"
+#include "dsp/FilterResponse.h"
 
 #include <cmath>
 #include <complex>

@@ -2,8 +2,8 @@
 // filters actually run with, for plots and checks away from the audio thread.
 #pragma once
 
-#include "CBiquadFilter.h"
-#include "CMultiEqualizer.h"
+#include "dsp/CBiquadFilter.h"
+#include "dsp/CMultiEqualizer.h"
 
 struct FrequencyResponse {
     double magnitudeDb; // 20 log10 |H|

@@ -1,4 +1,4 @@
-#include "StereoPass.h"
+#include "dsp/StereoPass.h"
 
 #include <xmmintrin.h>
 

@@ -4,7 +4,7 @@
 // the output is bit for bit the same; only the schedule differs.
 #pragma once
 
-#include "CBiquadFilter.h"
+#include "dsp/CBiquadFilter.h"
 
 // Peak magnitudes of one stereo block, per channel: the largest |sample| among the samples
 // that are numbers (a NaN never wins), 0 for an empty block. input is measured on the

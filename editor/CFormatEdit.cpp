@@ -1,7 +1,7 @@
-#include "CFormatEdit.h"
+#include "editor/CFormatEdit.h"
 
-#include "KeyCodes.h"
-#include "WinMessages.h"
+#include "toolkit/platform/KeyCodes.h"
+#include "toolkit/WinMessages.h"
 
 #include <cfloat>
 #include <climits>

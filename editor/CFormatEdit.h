@@ -4,7 +4,7 @@
 // that creates it (the panel's entry window).
 #pragma once
 
-#include "CEdit.h"
+#include "toolkit/CEdit.h"
 
 class CFormatEdit : public CEdit {
 public:

@@ -1,7 +1,7 @@
-#include "CNormalFloatEdit.h"
+#include "editor/CNormalFloatEdit.h"
 
-#include "KeyCodes.h"
-#include "PanelIds.h"
+#include "toolkit/platform/KeyCodes.h"
+#include "editor/PanelIds.h"
 
 #include <cmath>
 #include <cstdio>

@@ -2,7 +2,7 @@
 // that holds it, and only the characters of a number accepted.
 #pragma once
 
-#include "CFormatEdit.h"
+#include "editor/CFormatEdit.h"
 
 class CNormalFloatEdit : public CFormatEdit {
 public:

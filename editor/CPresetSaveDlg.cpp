@@ -1,9 +1,9 @@
-#include "CPresetSaveDlg.h"
+#include "editor/CPresetSaveDlg.h"
 
-#include "AZephyraProgram.h"
-#include "SJIS.h"
-#include "WinControlIds.h"
-#include "WinStyles.h"
+#include "effect/AZephyraProgram.h"
+#include "base/SJIS.h"
+#include "toolkit/WinControlIds.h"
+#include "toolkit/WinStyles.h"
 
 namespace {
 

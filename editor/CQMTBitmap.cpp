@@ -1,7 +1,7 @@
-#include "CQMTBitmap.h"
+#include "editor/CQMTBitmap.h"
 
-#include "BitmapResources.h"
-#include "ZephyraBundle.h"
+#include "toolkit/BitmapResources.h"
+#include "editor/ZephyraBundle.h"
 
 bool CQMTBitmap::LoadResourceBitmap(const char* id, void**) {
     RegisterZephyraBundle();

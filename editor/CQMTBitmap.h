@@ -2,7 +2,7 @@
 // the controls only point at them.
 #pragma once
 
-#include "CBitmap.h"
+#include "toolkit/CBitmap.h"
 
 #include <cstdint>
 

@@ -1,4 +1,4 @@
-#include "CQMTBitmapSliderDC.h"
+#include "editor/CQMTBitmapSliderDC.h"
 
 #include <cmath>
 

@@ -1,4 +1,4 @@
-#include "CQMTBitmapSwitch2DC.h"
+#include "editor/CQMTBitmapSwitch2DC.h"
 
 namespace {
 

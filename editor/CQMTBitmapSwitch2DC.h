@@ -4,11 +4,11 @@
 // radio buttons. Owned by the panel like the knobs.
 #pragma once
 
-#include "CDC.h"
-#include "CQMTBitmap.h"
-#include "CRect.h"
-#include "CWnd.h"
-#include "QMTControlCallback.h"
+#include "toolkit/CDC.h"
+#include "editor/CQMTBitmap.h"
+#include "base/CRect.h"
+#include "toolkit/CWnd.h"
+#include "editor/QMTControlCallback.h"
 
 class CQMTBitmapSwitch2DC {
 public:

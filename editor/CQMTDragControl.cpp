@@ -1,4 +1,4 @@
-#include "CQMTDragControl.h"
+#include "editor/CQMTDragControl.h"
 
 void CQMTDragControl::GetRect(CRect* rect) const {
     if (rect)

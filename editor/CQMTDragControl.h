@@ -4,9 +4,9 @@
 // control, forwards the mouse to it and hands it a DC to draw into.
 #pragma once
 
-#include "CDC.h"
-#include "CRect.h"
-#include "CWnd.h"
+#include "toolkit/CDC.h"
+#include "base/CRect.h"
+#include "toolkit/CWnd.h"
 
 class CQMTDragControl {
 public:

@@ -1,9 +1,9 @@
-#include "CQMTFloatEditWnd.h"
+#include "editor/CQMTFloatEditWnd.h"
 
-#include "CDC.h"
-#include "CPaintDC.h"
-#include "PanelIds.h"
-#include "WinStyles.h"
+#include "toolkit/CDC.h"
+#include "toolkit/CPaintDC.h"
+#include "editor/PanelIds.h"
+#include "toolkit/WinStyles.h"
 
 namespace {
 constexpr DWORD kWindowStyle = WS_CHILD | WS_CLIPSIBLINGS;

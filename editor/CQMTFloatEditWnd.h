@@ -4,10 +4,10 @@
 // told to the panel (WM_ENTRY_RETURN, WM_ENTRY_ESCAPE). Owned by the panel.
 #pragma once
 
-#include "CNormalFloatEdit.h"
-#include "CSpinButtonCtrl.h"
-#include "CWnd.h"
-#include "MessageMap.h"
+#include "editor/CNormalFloatEdit.h"
+#include "toolkit/CSpinButtonCtrl.h"
+#include "toolkit/CWnd.h"
+#include "toolkit/MessageMap.h"
 
 class CFont;
 

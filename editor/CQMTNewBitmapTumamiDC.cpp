@@ -1,4 +1,4 @@
-#include "CQMTNewBitmapTumamiDC.h"
+#include "editor/CQMTNewBitmapTumamiDC.h"
 
 #include <cmath>
 

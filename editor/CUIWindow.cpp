@@ -1,8 +1,8 @@
-#include "CUIWindow.h"
+#include "editor/CUIWindow.h"
 
-#include "CZephyraEditor.h"
-#include "MeterScale.h"
-#include "WinStyles.h"
+#include "editor/CZephyraEditor.h"
+#include "editor/MeterScale.h"
+#include "toolkit/WinStyles.h"
 
 namespace {
 // The entry window's text is larger than the read-outs'.

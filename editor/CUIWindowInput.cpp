@@ -1,14 +1,14 @@
 // What the panel does with the mouse: typed entry over the read-outs, knobs and sliders
 // dragged, switches clicked, the copy-program menu, the save dialog and the program lamp.
-#include "AZephyraProgram.h"
-#include "CClientDC.h"
-#include "CMenu.h"
-#include "CPresetSaveDlg.h"
-#include "CUIWindow.h"
-#include "CZephyraEditor.h"
-#include "SJIS.h"
-#include "WinControlIds.h"
-#include "WinStyles.h"
+#include "effect/AZephyraProgram.h"
+#include "toolkit/CClientDC.h"
+#include "toolkit/CMenu.h"
+#include "editor/CPresetSaveDlg.h"
+#include "editor/CUIWindow.h"
+#include "editor/CZephyraEditor.h"
+#include "base/SJIS.h"
+#include "toolkit/WinControlIds.h"
+#include "toolkit/WinStyles.h"
 
 #include <cstdlib>
 #include <memory>

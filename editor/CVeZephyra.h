@@ -2,7 +2,7 @@
 // module is loaded. It has no name and handles no messages.
 #pragma once
 
-#include "CWinApp.h"
+#include "toolkit/CWinApp.h"
 
 class CVeZephyra : public CWinApp {
 public:

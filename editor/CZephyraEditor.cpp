@@ -1,9 +1,9 @@
-#include "CZephyraEditor.h"
+#include "editor/CZephyraEditor.h"
 
-#include "AZephyra.h"
-#include "CUIWindow.h"
-#include "FallbackIdleDriver.h"
-#include "UIWindowLayout.h"
+#include "effect/AZephyra.h"
+#include "editor/CUIWindow.h"
+#include "toolkit/FallbackIdleDriver.h"
+#include "editor/UIWindowLayout.h"
 
 #include <mutex>
 

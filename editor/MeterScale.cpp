@@ -1,4 +1,4 @@
-#include "MeterScale.h"
+#include "editor/MeterScale.h"
 
 #include <cmath>
 

@@ -2,7 +2,7 @@
 // controls, the entry window and the panel's message map share them.
 #pragma once
 
-#include "WinMessages.h"
+#include "toolkit/WinMessages.h"
 
 // Call-back ids of the controls.
 constexpr unsigned int kIdGain1Knob = 100;

@@ -1,4 +1,4 @@
-#include "PendingPanelUpdates.h"
+#include "editor/PendingPanelUpdates.h"
 
 void PendingPanelUpdates::UpdateControl(int index, float value) {
     if (index < 0 || index >= kNumParams)

@@ -5,8 +5,8 @@
 // effect, so a late call from the audio thread never reaches a closed panel.
 #pragma once
 
-#include "ZephyraEditorSeam.h"
-#include "ZephyraParameters.h"
+#include "effect/ZephyraEditorSeam.h"
+#include "effect/ZephyraParameters.h"
 
 #include <array>
 #include <atomic>

@@ -3,10 +3,10 @@
 // (right and bottom exclusive).
 #pragma once
 
-#include "PanelGeometry.h"
-#include "PanelIds.h"
-#include "WinTypes.h"
-#include "ZephyraParameters.h"
+#include "editor/PanelGeometry.h"
+#include "editor/PanelIds.h"
+#include "base/WinTypes.h"
+#include "effect/ZephyraParameters.h"
 
 constexpr RECT ToRect(const PixelRect& rect) {
     return {rect.left, rect.top, rect.right, rect.bottom};

@@ -1,6 +1,6 @@
-#include "ZephyraBundle.h"
+#include "editor/ZephyraBundle.h"
 
-#include "PanelArtwork.h"
+#include "resources/artwork/PanelArtwork.h"
 
 void RegisterZephyraBundle() {
     // The resource table is shared by every instance of the plug-in in the process and

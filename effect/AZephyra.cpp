@@ -1,7 +1,7 @@
-#include "AZephyra.h"
+#include "effect/AZephyra.h"
 
-#include "CMultiEqualizer.h"
-#include "CanDoStrings.h"
+#include "dsp/CMultiEqualizer.h"
+#include "host/CanDoStrings.h"
 
 #include <cmath>
 #include <cstring>

@@ -3,16 +3,16 @@
 // point; the host frees it through effClose.
 #pragma once
 
-#include "AZephyraProgram.h"
-#include "AudioEffectX.h"
-#include "BankFile.h"
-#include "CCriticalSection.h"
-#include "CString.h"
-#include "HostQuirks.h"
-#include "RelaxedAtomic.h"
-#include "ZephyraEditorSeam.h"
-#include "ZephyraParameters.h"
-#include "tWAVEFORMATEX.h"
+#include "effect/AZephyraProgram.h"
+#include "host/AudioEffectX.h"
+#include "effect/BankFile.h"
+#include "base/CCriticalSection.h"
+#include "base/CString.h"
+#include "effect/HostQuirks.h"
+#include "effect/RelaxedAtomic.h"
+#include "effect/ZephyraEditorSeam.h"
+#include "effect/ZephyraParameters.h"
+#include "dsp/tWAVEFORMATEX.h"
 
 #include <cstdint>
 #include <string>

@@ -1,11 +1,11 @@
 // The default bank file: read at open into the current and factory banks, written back
 // when the user saves a program.
-#include "AZephyra.h"
+#include "effect/AZephyra.h"
 
-#include "AfxMessageBox.h"
-#include "CFileFind.h"
-#include "PlatformFolders.h"
-#include "StringTable.h"
+#include "base/AfxMessageBox.h"
+#include "base/CFileFind.h"
+#include "base/PlatformFolders.h"
+#include "effect/StringTable.h"
 
 #include <cstdio>
 #include <cstring>

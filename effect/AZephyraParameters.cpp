@@ -1,8 +1,8 @@
 // The three ways a value enters the effect (host, panel control, typed value) and what
 // the host reads back about parameters.
-#include "AZephyra.h"
+#include "effect/AZephyra.h"
 
-#include "CMultiEqualizer.h"
+#include "dsp/CMultiEqualizer.h"
 
 #include <cmath>
 #include <cstdio>

@@ -1,7 +1,7 @@
 // The audio path: input meters, the copy to the output, the engine, output meters.
-#include "AZephyra.h"
+#include "effect/AZephyra.h"
 
-#include "CMultiEqualizer.h"
+#include "dsp/CMultiEqualizer.h"
 
 #include <algorithm>
 #include <cmath>

@@ -1,7 +1,7 @@
-#include "AZephyraProgram.h"
+#include "effect/AZephyraProgram.h"
 
-#include "PlatformFolders.h"
-#include "RelaxedAtomic.h"
+#include "base/PlatformFolders.h"
+#include "effect/RelaxedAtomic.h"
 
 #include <algorithm>
 #include <cstring>

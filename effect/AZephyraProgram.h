@@ -10,7 +10,7 @@
 // atomics; the names are only ever touched by the user-interface thread.
 #pragma once
 
-#include "ZephyraParameters.h"
+#include "effect/ZephyraParameters.h"
 
 #include <cstddef>
 

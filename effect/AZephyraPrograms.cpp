@@ -1,6 +1,6 @@
 // Program selection and naming, the host chunk, and the revert and copy operations the
 // editor offers.
-#include "AZephyra.h"
+#include "effect/AZephyra.h"
 
 #include <algorithm>
 #include <cstring>

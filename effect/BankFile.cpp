@@ -1,6 +1,6 @@
-#include "BankFile.h"
+#include "effect/BankFile.h"
 
-#include "AZephyraProgram.h"
+#include "effect/AZephyraProgram.h"
 
 #include <cstring>
 

@@ -2,7 +2,7 @@
 // are big-endian, followed by the bank chunk exactly as the host receives it.
 #pragma once
 
-#include "CFile.h"
+#include "base/CFile.h"
 
 #include <cstdint>
 #include <vector>

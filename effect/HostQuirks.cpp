@@ -1,4 +1,4 @@
-#include "HostQuirks.h"
+#include "effect/HostQuirks.h"
 
 #include <cstring>
 

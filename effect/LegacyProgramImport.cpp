@@ -1,7 +1,7 @@
-#include "LegacyProgramImport.h"
+#include "effect/LegacyProgramImport.h"
 
-#include "AZephyra.h"
-#include "Myifstream.h"
+#include "effect/AZephyra.h"
+#include "effect/Myifstream.h"
 
 #include <cstdlib>
 #include <cstring>

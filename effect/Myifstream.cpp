@@ -1,4 +1,4 @@
-#include "Myifstream.h"
+#include "effect/Myifstream.h"
 
 #include <cstring>
 

@@ -2,7 +2,7 @@
 // error turns into a false result; nothing throws.
 #pragma once
 
-#include "CFile.h"
+#include "base/CFile.h"
 
 #include <cstdint>
 

@@ -1,4 +1,4 @@
-#include "Myistrstream.h"
+#include "effect/Myistrstream.h"
 
 namespace {
 

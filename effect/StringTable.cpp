@@ -1,4 +1,4 @@
-#include "StringTable.h"
+#include "effect/StringTable.h"
 
 const char* LoadStringResource(int id) {
     switch (id) {

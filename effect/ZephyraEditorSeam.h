@@ -5,8 +5,8 @@
 // does not depend on how the effect is hosted.
 #pragma once
 
-#include "AEffEditor.h"
-#include "CString.h"
+#include "host/AEffEditor.h"
+#include "base/CString.h"
 
 #include <cstdint>
 

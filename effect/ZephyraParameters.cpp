@@ -1,4 +1,4 @@
-#include "ZephyraParameters.h"
+#include "effect/ZephyraParameters.h"
 
 #include <cmath>
 #include <limits>

@@ -3,7 +3,7 @@
 // "not handled".
 #pragma once
 
-#include "Vst2Interface.h"
+#include "host/Vst2Interface.h"
 
 class AudioEffect;
 

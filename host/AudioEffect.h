@@ -4,8 +4,8 @@
 // AudioEffectX, which adds the rest of the interface.
 #pragma once
 
-#include "AEffEditor.h"
-#include "Vst2Interface.h"
+#include "host/AEffEditor.h"
+#include "host/Vst2Interface.h"
 
 class AudioEffect {
 public:

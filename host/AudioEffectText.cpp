@@ -1,6 +1,6 @@
 // The base effect's value-to-text operations. Each writes at most maxLen characters and
 // a terminating zero at text[maxLen], so the buffer holds maxLen + 1 bytes.
-#include "AudioEffect.h"
+#include "host/AudioEffect.h"
 
 #include <cmath>
 #include <cstdio>

@@ -1,6 +1,6 @@
-#include "AudioEffectX.h"
+#include "host/AudioEffectX.h"
 
-#include "CanDoStrings.h"
+#include "host/CanDoStrings.h"
 
 #include <cstdlib>
 #include <cstring>

@@ -2,7 +2,7 @@
 // defaults, the remaining host call-backs and the speaker-arrangement helpers.
 #pragma once
 
-#include "AudioEffect.h"
+#include "host/AudioEffect.h"
 
 class AudioEffectX : public AudioEffect {
 public:

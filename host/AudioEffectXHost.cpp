@@ -1,6 +1,6 @@
 // The call-backs of the extended base: each packs its arguments as the host expects
 // them. Without a host call-back every one answers 0, false or null.
-#include "AudioEffectX.h"
+#include "host/AudioEffectX.h"
 
 bool AudioEffectX::beginEdit(int32_t index) {
     return callHost(audioMasterBeginEdit, index) != 0;

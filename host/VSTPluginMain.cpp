@@ -1,5 +1,5 @@
 // The module's one exported symbol: hosts look it up after loading the shared object.
-#include "AudioEffect.h"
+#include "host/AudioEffect.h"
 
 extern "C" __attribute__((visibility("default"))) AEffect*
 VSTPluginMain(audioMasterCallback audioMaster) {

@@ -2,9 +2,9 @@
 // what they do, the rest of the 64 programs left at their defaults as "Empty".
 //
 // usage: make_factory_bank OUTPUT.fxb
-#include "AZephyra.h"
-#include "AZephyraProgram.h"
-#include "BankFile.h"
+#include "effect/AZephyra.h"
+#include "effect/AZephyraProgram.h"
+#include "effect/BankFile.h"
 
 #include <cmath>
 #include <cstdio>

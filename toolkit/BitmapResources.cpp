@@ -1,6 +1,6 @@
-#include "BitmapResources.h"
+#include "toolkit/BitmapResources.h"
 
-#include "Diagnostic.h"
+#include "base/Diagnostic.h"
 
 #include <algorithm>
 #include <cstring>

@@ -4,7 +4,7 @@
 // (cairo_surface_destroy, or hand them to a CBitmap).
 #pragma once
 
-#include "CBitmap.h"
+#include "toolkit/CBitmap.h"
 
 #include <cstddef>
 

@@ -1,6 +1,6 @@
-#include "CBitmap.h"
+#include "toolkit/CBitmap.h"
 
-#include "BitmapResources.h"
+#include "toolkit/BitmapResources.h"
 
 CBitmap::~CBitmap() {
     DeleteObject();

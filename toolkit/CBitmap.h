@@ -3,8 +3,8 @@
 // image.
 #pragma once
 
-#include "CGdiObject.h"
-#include "WinTypes.h"
+#include "toolkit/CGdiObject.h"
+#include "base/WinTypes.h"
 
 #include <cairo.h>
 

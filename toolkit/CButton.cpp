@@ -1,10 +1,10 @@
-#include "CButton.h"
+#include "toolkit/CButton.h"
 
-#include "CPaintDC.h"
-#include "KeyCodes.h"
-#include "ToolkitTheme.h"
-#include "WinMessages.h"
-#include "WinStyles.h"
+#include "toolkit/CPaintDC.h"
+#include "toolkit/platform/KeyCodes.h"
+#include "toolkit/ToolkitTheme.h"
+#include "toolkit/WinMessages.h"
+#include "toolkit/WinStyles.h"
 
 BEGIN_MESSAGE_MAP(CButton, CWnd)
 ON_WM_PAINT()

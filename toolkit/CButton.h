@@ -3,7 +3,7 @@
 // the parent with WM_COMMAND (BN_CLICKED, the button's id, its handle).
 #pragma once
 
-#include "CWnd.h"
+#include "toolkit/CWnd.h"
 
 class CButton : public CWnd {
 public:

@@ -1,7 +1,7 @@
-#include "CClientDC.h"
+#include "toolkit/CClientDC.h"
 
-#include "CWnd.h"
-#include "MFCView0.h"
+#include "toolkit/CWnd.h"
+#include "toolkit/MFCView0.h"
 
 CClientDC::CClientDC(CWnd* wnd) {
     BindToWindow(wnd);

@@ -2,7 +2,7 @@
 // (hidden, or not on screen) gives a DC on which every drawing does nothing.
 #pragma once
 
-#include "CDC.h"
+#include "toolkit/CDC.h"
 
 class CClientDC : public CDC {
 public:

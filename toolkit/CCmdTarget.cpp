@@ -1,4 +1,4 @@
-#include "CCmdTarget.h"
+#include "toolkit/CCmdTarget.h"
 
 const AFX_MSGMAP_ENTRY* AfxFindMessageEntry(const AFX_MSGMAP_ENTRY* entries, UINT message,
                                             UINT code, UINT id) {

@@ -2,8 +2,8 @@
 // application object derive from it.
 #pragma once
 
-#include "CObject.h"
-#include "MessageMap.h"
+#include "toolkit/CObject.h"
+#include "toolkit/MessageMap.h"
 
 class CCmdTarget : public CObject {
 public:

@@ -1,10 +1,10 @@
-#include "CComboBox.h"
+#include "toolkit/CComboBox.h"
 
-#include "CPaintDC.h"
-#include "KeyCodes.h"
-#include "PopupListWnd.h"
-#include "ToolkitTheme.h"
-#include "WinMessages.h"
+#include "toolkit/CPaintDC.h"
+#include "toolkit/platform/KeyCodes.h"
+#include "toolkit/PopupListWnd.h"
+#include "toolkit/ToolkitTheme.h"
+#include "toolkit/WinMessages.h"
 
 #include <algorithm>
 

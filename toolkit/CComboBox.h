@@ -4,7 +4,7 @@
 // Entries are UTF-8 text.
 #pragma once
 
-#include "CWnd.h"
+#include "toolkit/CWnd.h"
 
 #include <vector>
 

@@ -1,8 +1,8 @@
-#include "CDC.h"
+#include "toolkit/CDC.h"
 
-#include "CWnd.h"
-#include "Diagnostic.h"
-#include "PostedMessageRing.h"
+#include "toolkit/CWnd.h"
+#include "base/Diagnostic.h"
+#include "toolkit/PostedMessageRing.h"
 
 #include <algorithm>
 

@@ -1,4 +1,4 @@
-#include "CDC.h"
+#include "toolkit/CDC.h"
 
 #include <algorithm>
 #include <cmath>

@@ -1,6 +1,6 @@
-#include "CDC.h"
-#include "FontCatalog.h"
-#include "TextLayout.h"
+#include "toolkit/CDC.h"
+#include "toolkit/FontCatalog.h"
+#include "toolkit/TextLayout.h"
 
 #include <cstring>
 

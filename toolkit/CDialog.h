@@ -6,9 +6,9 @@
 // the stack) until then; the controls that the layout made are its own.
 #pragma once
 
-#include "CDataExchange.h"
-#include "CWnd.h"
-#include "DialogTemplate.h"
+#include "toolkit/CDataExchange.h"
+#include "toolkit/CWnd.h"
+#include "toolkit/DialogTemplate.h"
 
 #include <cstdint>
 #include <functional>

@@ -1,12 +1,12 @@
-#include "CEdit.h"
+#include "toolkit/CEdit.h"
 
-#include "CPaintDC.h"
-#include "CSpinButtonCtrl.h"
-#include "KeyCodes.h"
-#include "ToolkitTheme.h"
-#include "Utf8.h"
-#include "WinMessages.h"
-#include "WinStyles.h"
+#include "toolkit/CPaintDC.h"
+#include "toolkit/CSpinButtonCtrl.h"
+#include "toolkit/platform/KeyCodes.h"
+#include "toolkit/ToolkitTheme.h"
+#include "toolkit/Utf8.h"
+#include "toolkit/WinMessages.h"
+#include "toolkit/WinStyles.h"
 
 #include <algorithm>
 #include <cstdlib>

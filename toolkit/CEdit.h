@@ -4,7 +4,7 @@
 // a spin button may name the field as its buddy.
 #pragma once
 
-#include "CWnd.h"
+#include "toolkit/CWnd.h"
 
 class CDC;
 class CSpinButtonCtrl;

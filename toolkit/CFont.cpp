@@ -1,7 +1,7 @@
-#include "CFont.h"
+#include "toolkit/CFont.h"
 
-#include "Diagnostic.h"
-#include "FontCatalog.h"
+#include "base/Diagnostic.h"
+#include "toolkit/FontCatalog.h"
 
 
 bool CFont::CreatePointFont(int pointSize, const char* faceName, CDC*) {

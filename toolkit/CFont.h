@@ -2,8 +2,8 @@
 // text placement uses. The handle names a face of the font catalog, which owns it.
 #pragma once
 
-#include "CGdiObject.h"
-#include "CString.h"
+#include "toolkit/CGdiObject.h"
+#include "base/CString.h"
 
 class CDC;
 struct FontFace;

@@ -1,11 +1,11 @@
-#include "CFrameWnd.h"
+#include "toolkit/CFrameWnd.h"
 
-#include "AfxMessageBox.h"
-#include "CMessageBoxDlg.h"
-#include "MFCView0.h"
-#include "MessagePump.h"
-#include "PostedMessageRing.h"
-#include "WinControlIds.h"
+#include "base/AfxMessageBox.h"
+#include "toolkit/CMessageBoxDlg.h"
+#include "toolkit/MFCView0.h"
+#include "toolkit/MessagePump.h"
+#include "toolkit/PostedMessageRing.h"
+#include "toolkit/WinControlIds.h"
 
 #include <algorithm>
 #include <vector>

@@ -5,8 +5,8 @@
 // fallback may run, host calls into the toolkit hold AfxUiLock. Owned by the editor.
 #pragma once
 
-#include "CWnd.h"
-#include "FallbackIdleDriver.h"
+#include "toolkit/CWnd.h"
+#include "toolkit/FallbackIdleDriver.h"
 
 #include <memory>
 

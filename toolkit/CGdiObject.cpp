@@ -1,4 +1,4 @@
-#include "CGdiObject.h"
+#include "toolkit/CGdiObject.h"
 
 bool CGdiObject::Attach(void* handle) {
     m_hObject = handle;

@@ -1,7 +1,7 @@
 // A graphics object that holds one platform handle (a bitmap's image, a font's face).
 #pragma once
 
-#include "CObject.h"
+#include "toolkit/CObject.h"
 
 class CGdiObject : public CObject {
 public:

@@ -1,6 +1,6 @@
-#include "CMenu.h"
+#include "toolkit/CMenu.h"
 
-#include "CWnd.h"
+#include "toolkit/CWnd.h"
 
 bool CMenu::CreatePopupMenu() {
     m_menu = MenuCreateNS(this);

@@ -2,8 +2,8 @@
 // item's id. Made on the stack for one showing; its native menu goes with it.
 #pragma once
 
-#include "CObject.h"
-#include "NativeMenu.h"
+#include "toolkit/CObject.h"
+#include "toolkit/NativeMenu.h"
 
 #include <memory>
 

@@ -1,8 +1,8 @@
-#include "CMessageBoxDlg.h"
+#include "toolkit/CMessageBoxDlg.h"
 
-#include "CDC.h"
-#include "CWinApp.h"
-#include "WinControlIds.h"
+#include "toolkit/CDC.h"
+#include "toolkit/CWinApp.h"
+#include "toolkit/WinControlIds.h"
 
 #include <algorithm>
 

@@ -2,7 +2,7 @@
 // acknowledge it like OK.
 #pragma once
 
-#include "CDialog.h"
+#include "toolkit/CDialog.h"
 
 class CMessageBoxDlg : public CDialog {
 public:

@@ -1,6 +1,6 @@
-#include "CPaintDC.h"
+#include "toolkit/CPaintDC.h"
 
-#include "CWnd.h"
+#include "toolkit/CWnd.h"
 
 CPaintDC::CPaintDC(CWnd* wnd) {
     BindToWindow(wnd);

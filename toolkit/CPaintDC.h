@@ -1,7 +1,7 @@
 // Drawing inside WM_PAINT, into the area being painted; made and dropped by the handler.
 #pragma once
 
-#include "CDC.h"
+#include "toolkit/CDC.h"
 
 class CPaintDC : public CDC {
 public:

@@ -1,10 +1,10 @@
-#include "CSpinButtonCtrl.h"
+#include "toolkit/CSpinButtonCtrl.h"
 
-#include "CEdit.h"
-#include "CPaintDC.h"
-#include "ToolkitTheme.h"
-#include "WinMessages.h"
-#include "WinStyles.h"
+#include "toolkit/CEdit.h"
+#include "toolkit/CPaintDC.h"
+#include "toolkit/ToolkitTheme.h"
+#include "toolkit/WinMessages.h"
+#include "toolkit/WinStyles.h"
 
 #include <algorithm>
 #include <cstdio>

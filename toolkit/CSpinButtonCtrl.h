@@ -3,7 +3,7 @@
 // in the spin button's number base. Drawn by the toolkit.
 #pragma once
 
-#include "CWnd.h"
+#include "toolkit/CWnd.h"
 
 class CSpinButtonCtrl : public CWnd {
 public:

@@ -1,7 +1,7 @@
-#include "CStatic.h"
+#include "toolkit/CStatic.h"
 
-#include "CPaintDC.h"
-#include "ToolkitTheme.h"
+#include "toolkit/CPaintDC.h"
+#include "toolkit/ToolkitTheme.h"
 
 BEGIN_MESSAGE_MAP(CStatic, CWnd)
 ON_WM_PAINT()

@@ -1,7 +1,7 @@
 // A text label, drawn in the theme's text colour; SS_CENTER and SS_RIGHT align it.
 #pragma once
 
-#include "CWnd.h"
+#include "toolkit/CWnd.h"
 
 constexpr DWORD SS_LEFT = 0x0000;
 constexpr DWORD SS_CENTER = 0x0001;

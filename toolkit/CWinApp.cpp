@@ -1,4 +1,4 @@
-#include "CWinApp.h"
+#include "toolkit/CWinApp.h"
 
 namespace {
 CWinApp* g_application = nullptr;

@@ -2,7 +2,7 @@
 // that the toolkit has an application to ask for. It owns nothing.
 #pragma once
 
-#include "CCmdTarget.h"
+#include "toolkit/CCmdTarget.h"
 
 class CWinApp : public CCmdTarget {
 public:

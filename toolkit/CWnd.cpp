@@ -1,13 +1,13 @@
-#include "CWnd.h"
+#include "toolkit/CWnd.h"
 
-#include "MFCView0.h"
-#include "MFCWindow.h"
-#include "MessagePump.h"
-#include "OwnedWindows.h"
-#include "PostedMessageRing.h"
-#include "WinMessages.h"
-#include "WinStyles.h"
-#include "WindowTimer.h"
+#include "toolkit/MFCView0.h"
+#include "toolkit/MFCWindow.h"
+#include "toolkit/MessagePump.h"
+#include "toolkit/OwnedWindows.h"
+#include "toolkit/PostedMessageRing.h"
+#include "toolkit/WinMessages.h"
+#include "toolkit/WinStyles.h"
+#include "toolkit/WindowTimer.h"
 
 #include <algorithm>
 #include <cstring>

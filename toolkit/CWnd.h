@@ -4,13 +4,13 @@
 // CWnd owns the object; the window (view) goes with DestroyWindow or the destructor.
 #pragma once
 
-#include "CCmdTarget.h"
-#include "CFont.h"
-#include "CPoint.h"
-#include "CRect.h"
-#include "CSize.h"
-#include "CString.h"
-#include "WinTypes.h"
+#include "toolkit/CCmdTarget.h"
+#include "toolkit/CFont.h"
+#include "base/CPoint.h"
+#include "base/CRect.h"
+#include "base/CSize.h"
+#include "base/CString.h"
+#include "base/WinTypes.h"
 
 #include <atomic>
 #include <cairo.h>

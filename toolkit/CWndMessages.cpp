@@ -1,7 +1,7 @@
-#include "CDataExchange.h"
-#include "CWnd.h"
-#include "MessageCache.h"
-#include "MessagePump.h"
+#include "toolkit/CDataExchange.h"
+#include "toolkit/CWnd.h"
+#include "toolkit/MessageCache.h"
+#include "toolkit/MessagePump.h"
 
 AFX_MSG_CACHE MessageCache::_afxMsgCache[MessageCache::kSlotMask + 1];
 

@@ -1,4 +1,4 @@
-#include "ClickCounter.h"
+#include "toolkit/ClickCounter.h"
 
 #include <cstdlib>
 

@@ -3,8 +3,8 @@
 // hands its layout to CDialog, which builds the dialog from it.
 #pragma once
 
-#include "CString.h"
-#include "WinTypes.h"
+#include "base/CString.h"
+#include "base/WinTypes.h"
 
 #include <vector>
 

@@ -1,6 +1,6 @@
-#include "FallbackIdleDriver.h"
+#include "toolkit/FallbackIdleDriver.h"
 
-#include "MessagePump.h"
+#include "toolkit/MessagePump.h"
 
 #include <chrono>
 #include <pthread.h>

@@ -1,4 +1,4 @@
-#include "FontCatalog.h"
+#include "toolkit/FontCatalog.h"
 
 #include <fontconfig/fontconfig.h>
 #include <ft2build.h>

@@ -1,6 +1,6 @@
-#include "CWnd.h"
-#include "KeyCodes.h"
-#include "MessagePump.h"
+#include "toolkit/CWnd.h"
+#include "toolkit/platform/KeyCodes.h"
+#include "toolkit/MessagePump.h"
 
 unsigned GetCurrentKeyModifiers0() {
     unsigned modifiers = 0;

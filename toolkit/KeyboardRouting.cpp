@@ -1,8 +1,8 @@
-#include "KeyboardRouting.h"
+#include "toolkit/KeyboardRouting.h"
 
-#include "CWnd.h"
-#include "MFCView0.h"
-#include "WinMessages.h"
+#include "toolkit/CWnd.h"
+#include "toolkit/MFCView0.h"
+#include "toolkit/WinMessages.h"
 
 void RouteKeyPress(CWnd* receiver, const native::KeyInput& key) {
     MSG msg{receiver->GetSafeHwnd(),        WM_KEYDOWN,  key.keyCode,  1,

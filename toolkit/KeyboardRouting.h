@@ -3,7 +3,7 @@
 // code and then, when the key types something, WM_CHAR with the character.
 #pragma once
 
-#include "NativePlatform.h"
+#include "toolkit/platform/NativePlatform.h"
 
 class CWnd;
 

@@ -1,10 +1,10 @@
-#include "MFCView0.h"
+#include "toolkit/MFCView0.h"
 
-#include "CWnd.h"
-#include "KeyboardRouting.h"
-#include "MFCWindow.h"
-#include "PostedMessageRing.h"
-#include "WinMessages.h"
+#include "toolkit/CWnd.h"
+#include "toolkit/KeyboardRouting.h"
+#include "toolkit/MFCWindow.h"
+#include "toolkit/PostedMessageRing.h"
+#include "toolkit/WinMessages.h"
 
 #include <algorithm>
 #include <map>

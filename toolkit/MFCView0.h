@@ -4,12 +4,12 @@
 // Owned by its CWnd; the CWnd pointer is cleared when the window is destroyed.
 #pragma once
 
-#include "CPoint.h"
-#include "CRect.h"
-#include "CSize.h"
-#include "ClickCounter.h"
-#include "NativePlatform.h"
-#include "TouchedArea.h"
+#include "base/CPoint.h"
+#include "base/CRect.h"
+#include "base/CSize.h"
+#include "toolkit/ClickCounter.h"
+#include "toolkit/platform/NativePlatform.h"
+#include "toolkit/TouchedArea.h"
 
 #include <cairo.h>
 #include <cstdint>

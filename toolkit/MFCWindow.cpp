@@ -1,8 +1,8 @@
-#include "MFCWindow.h"
+#include "toolkit/MFCWindow.h"
 
-#include "CWnd.h"
-#include "MFCView0.h"
-#include "WinMessages.h"
+#include "toolkit/CWnd.h"
+#include "toolkit/MFCView0.h"
+#include "toolkit/WinMessages.h"
 
 MFCWindow::MFCWindow(CWnd* wnd, MFCView0* view) : m_pWnd(wnd), m_view(view) {
     m_view->SetWindow(this);

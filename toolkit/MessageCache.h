@@ -3,7 +3,7 @@
 // on collision. A slot may remember that there is no handler.
 #pragma once
 
-#include "MessageMap.h"
+#include "toolkit/MessageMap.h"
 
 struct AFX_MSG_CACHE {
     UINT nMsg;

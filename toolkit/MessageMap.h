@@ -3,8 +3,8 @@
 // its bases and takes the first entry that matches.
 #pragma once
 
-#include "WinMessages.h"
-#include "WinTypes.h"
+#include "toolkit/WinMessages.h"
+#include "base/WinTypes.h"
 
 #include <cstdint>
 #include <cstring>

@@ -1,11 +1,11 @@
-#include "MessagePump.h"
+#include "toolkit/MessagePump.h"
 
-#include "CWnd.h"
-#include "MFCView0.h"
-#include "PostedMessageRing.h"
-#include "WindowTimer.h"
-#include "headless/HeadlessPlatform.h"
-#include "x11/OpenX11Platform.h"
+#include "toolkit/CWnd.h"
+#include "toolkit/MFCView0.h"
+#include "toolkit/PostedMessageRing.h"
+#include "toolkit/WindowTimer.h"
+#include "toolkit/platform/headless/HeadlessPlatform.h"
+#include "toolkit/platform/x11/OpenX11Platform.h"
 
 #include <algorithm>
 #include <chrono>

@@ -5,7 +5,7 @@
 // loops inside a host call, so the host would freeze until the menu or dialog closed.
 #pragma once
 
-#include "NativePlatform.h"
+#include "toolkit/platform/NativePlatform.h"
 
 #include <functional>
 #include <memory>

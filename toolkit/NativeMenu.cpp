@@ -1,9 +1,9 @@
-#include "NativeMenu.h"
+#include "toolkit/NativeMenu.h"
 
-#include "CWnd.h"
-#include "MFCView0.h"
-#include "PopupListWnd.h"
-#include "PopupMenuClass.h"
+#include "toolkit/CWnd.h"
+#include "toolkit/MFCView0.h"
+#include "toolkit/PopupListWnd.h"
+#include "toolkit/PopupMenuClass.h"
 
 std::unique_ptr<NativeMenu> MenuCreateNS(CMenu* owner) {
     return std::make_unique<NativeMenu>(owner);

@@ -3,8 +3,8 @@
 // CMenu makes into it. Owned by its CMenu.
 #pragma once
 
-#include "CString.h"
-#include "WinTypes.h"
+#include "base/CString.h"
+#include "base/WinTypes.h"
 
 #include <functional>
 #include <memory>

@@ -1,6 +1,6 @@
-#include "OwnedWindows.h"
+#include "toolkit/OwnedWindows.h"
 
-#include "CWnd.h"
+#include "toolkit/CWnd.h"
 
 #include <algorithm>
 #include <vector>

@@ -1,12 +1,12 @@
-#include "PopupListWnd.h"
+#include "toolkit/PopupListWnd.h"
 
-#include "CPaintDC.h"
-#include "MFCView0.h"
-#include "MessagePump.h"
-#include "OwnedWindows.h"
-#include "ToolkitTheme.h"
-#include "WinStyles.h"
-#include "platform/KeyCodes.h"
+#include "toolkit/CPaintDC.h"
+#include "toolkit/MFCView0.h"
+#include "toolkit/MessagePump.h"
+#include "toolkit/OwnedWindows.h"
+#include "toolkit/ToolkitTheme.h"
+#include "toolkit/WinStyles.h"
+#include "toolkit/platform/KeyCodes.h"
 
 #include <algorithm>
 

@@ -5,8 +5,8 @@
 // window and reports how it ended from a later pump.
 #pragma once
 
-#include "CFont.h"
-#include "CWnd.h"
+#include "toolkit/CFont.h"
+#include "toolkit/CWnd.h"
 
 #include <functional>
 #include <vector>

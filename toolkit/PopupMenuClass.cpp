@@ -1,7 +1,7 @@
-#include "PopupMenuClass.h"
+#include "toolkit/PopupMenuClass.h"
 
-#include "CWnd.h"
-#include "WinMessages.h"
+#include "toolkit/CWnd.h"
+#include "toolkit/WinMessages.h"
 
 void PopupMenuClass::menuWillOpen(NativeMenu& menu) {
     for (NativeMenuItem& item : menu.Items())

@@ -3,7 +3,7 @@
 // it sends straight to its window. Made for one showing of the menu.
 #pragma once
 
-#include "NativeMenu.h"
+#include "toolkit/NativeMenu.h"
 
 class CWnd;
 

@@ -1,8 +1,8 @@
-#include "PostedMessageRing.h"
+#include "toolkit/PostedMessageRing.h"
 
-#include "CWnd.h"
-#include "Diagnostic.h"
-#include "WinMessages.h"
+#include "toolkit/CWnd.h"
+#include "base/Diagnostic.h"
+#include "toolkit/WinMessages.h"
 
 PostedMessageSlot g_pEventVST[kPostedMessageSlots];
 std::atomic<int> g_nEventVST{0};

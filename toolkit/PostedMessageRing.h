@@ -7,7 +7,7 @@
 // the newest may arrive twice.
 #pragma once
 
-#include "WinTypes.h"
+#include "base/WinTypes.h"
 
 #include <atomic>
 #include <cstdint>

@@ -1,5 +1,5 @@
-#include "CWnd.h"
-#include "WinStyles.h"
+#include "toolkit/CWnd.h"
+#include "toolkit/WinStyles.h"
 
 int GetSystemMetrics(int index) {
     switch (index) {

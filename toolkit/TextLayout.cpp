@@ -1,4 +1,4 @@
-#include "TextLayout.h"
+#include "toolkit/TextLayout.h"
 
 #include <cmath>
 

@@ -2,8 +2,8 @@
 // way whether a window or an off-screen image receives it.
 #pragma once
 
-#include "CSize.h"
-#include "FontCatalog.h"
+#include "base/CSize.h"
+#include "toolkit/FontCatalog.h"
 
 #include <cairo.h>
 #include <pango/pangocairo.h>

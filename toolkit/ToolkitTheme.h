@@ -3,7 +3,7 @@
 // button. Colours are COLORREF (red in the low byte).
 #pragma once
 
-#include "WinTypes.h"
+#include "base/WinTypes.h"
 
 namespace theme {
 

@@ -1,4 +1,4 @@
-#include "TouchedArea.h"
+#include "toolkit/TouchedArea.h"
 
 namespace {
 

@@ -3,7 +3,7 @@
 // a panel) then cost what they cover, not the width of the window between them.
 #pragma once
 
-#include "CRect.h"
+#include "base/CRect.h"
 
 #include <array>
 #include <cstddef>

@@ -1,4 +1,4 @@
-#include "Utf8.h"
+#include "toolkit/Utf8.h"
 
 namespace utf8 {
 

@@ -1,7 +1,7 @@
 // Window message numbers and notification codes, as the message maps and handlers use them.
 #pragma once
 
-#include "WinTypes.h"
+#include "base/WinTypes.h"
 
 constexpr UINT WM_NULL = 0x0000;
 constexpr UINT WM_CREATE = 0x0001;

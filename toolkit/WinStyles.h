@@ -1,7 +1,7 @@
 // Window styles and the other Win32 flag sets that creation and showing take.
 #pragma once
 
-#include "WinTypes.h"
+#include "base/WinTypes.h"
 
 constexpr DWORD WS_OVERLAPPED = 0x00000000;
 constexpr DWORD WS_TABSTOP = 0x00010000;

@@ -1,4 +1,4 @@
-#include "WindowTimer.h"
+#include "toolkit/WindowTimer.h"
 
 #include <algorithm>
 #include <chrono>

@@ -1,6 +1,6 @@
-#include "AudioFile.h"
+#include "tools/AudioFile.h"
 
-#include "ToolError.h"
+#include "tools/ToolError.h"
 
 #include <cctype>
 #include <cerrno>

@@ -2,7 +2,7 @@
 // the output's extension.
 #pragma once
 
-#include "SignalSource.h"
+#include "tools/SignalSource.h"
 
 #include <sndfile.h>
 #include <string>

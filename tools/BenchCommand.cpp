@@ -1,8 +1,8 @@
-#include "Commands.h"
-#include "PluginRack.h"
-#include "RackBenchmark.h"
-#include "ResultStream.h"
-#include "ToolError.h"
+#include "tools/Commands.h"
+#include "tools/PluginRack.h"
+#include "tools/RackBenchmark.h"
+#include "tools/ResultStream.h"
+#include "tools/ToolError.h"
 
 #include <cmath>
 #include <cstdio>

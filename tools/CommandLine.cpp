@@ -1,6 +1,6 @@
-#include "CommandLine.h"
+#include "tools/CommandLine.h"
 
-#include "ToolError.h"
+#include "tools/ToolError.h"
 
 #include <cmath>
 #include <cstdlib>

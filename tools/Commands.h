@@ -1,7 +1,7 @@
 // The commands of the `zephyra` tool. Each lives in its own file and declares what it takes.
 #pragma once
 
-#include "CommandLine.h"
+#include "tools/CommandLine.h"
 
 #include <string>
 #include <vector>

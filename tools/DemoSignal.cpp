@@ -1,6 +1,6 @@
-#include "DemoSignal.h"
+#include "tools/DemoSignal.h"
 
-#include "WhiteNoise.h"
+#include "tools/WhiteNoise.h"
 
 #include <algorithm>
 #include <array>

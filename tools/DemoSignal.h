@@ -3,7 +3,7 @@
 // then a few plucked notes and a chord. The same every time.
 #pragma once
 
-#include "SignalSource.h"
+#include "tools/SignalSource.h"
 
 #include <vector>
 

@@ -1,6 +1,6 @@
-#include "DisplayValueSearch.h"
+#include "tools/DisplayValueSearch.h"
 
-#include "CommandLine.h"
+#include "tools/CommandLine.h"
 
 #include <cctype>
 #include <cmath>

@@ -1,11 +1,11 @@
-#include "Commands.h"
-#include "EditorWindow.h"
-#include "PendingOutput.h"
-#include "PluginInstance.h"
-#include "PluginSettings.h"
-#include "PngFile.h"
-#include "ResultStream.h"
-#include "ToolError.h"
+#include "tools/Commands.h"
+#include "tools/EditorWindow.h"
+#include "tools/PendingOutput.h"
+#include "tools/PluginInstance.h"
+#include "tools/PluginSettings.h"
+#include "tools/PngFile.h"
+#include "tools/ResultStream.h"
+#include "tools/ToolError.h"
 
 #include <chrono>
 #include <memory>

@@ -1,6 +1,6 @@
-#include "EditorWindow.h"
+#include "tools/EditorWindow.h"
 
-#include "ToolError.h"
+#include "tools/ToolError.h"
 
 #include <X11/Xutil.h>
 #include <cstdint>

@@ -2,7 +2,7 @@
 // in, its events, and a picture of what it shows.
 #pragma once
 
-#include "CairoSurface.h"
+#include "tools/CairoSurface.h"
 
 #include <X11/Xlib.h>
 #include <string>

@@ -1,8 +1,8 @@
-#include "FxbFile.h"
+#include "tools/FxbFile.h"
 
-#include "FourCharacterText.h"
-#include "PluginInstance.h"
-#include "ToolError.h"
+#include "tools/FourCharacterText.h"
+#include "tools/PluginInstance.h"
+#include "tools/ToolError.h"
 
 #include <algorithm>
 #include <cerrno>

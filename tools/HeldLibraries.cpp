@@ -1,4 +1,4 @@
-#include "HeldLibraries.h"
+#include "tools/HeldLibraries.h"
 
 #include <dlfcn.h>
 #include <link.h>

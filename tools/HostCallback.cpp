@@ -1,4 +1,4 @@
-#include "HostState.h"
+#include "tools/HostState.h"
 
 #include <chrono>
 #include <cmath>

@@ -2,7 +2,7 @@
 // PluginInstance owns one; the call-back finds it through the effect record.
 #pragma once
 
-#include "Vst2Interface.h"
+#include "host/Vst2Interface.h"
 
 #include <cstdint>
 #include <functional>

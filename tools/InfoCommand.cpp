@@ -1,12 +1,12 @@
-#include "Commands.h"
+#include "tools/Commands.h"
 
-#include "FourCharacterText.h"
-#include "JsonWriter.h"
-#include "PluginFacts.h"
-#include "PluginInstance.h"
-#include "PluginSettings.h"
-#include "ResultStream.h"
-#include "ToolError.h"
+#include "tools/FourCharacterText.h"
+#include "tools/JsonWriter.h"
+#include "tools/PluginFacts.h"
+#include "tools/PluginInstance.h"
+#include "tools/PluginSettings.h"
+#include "tools/ResultStream.h"
+#include "tools/ToolError.h"
 
 #include <algorithm>
 #include <cstdio>

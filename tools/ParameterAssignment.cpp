@@ -1,9 +1,9 @@
-#include "ParameterAssignment.h"
+#include "tools/ParameterAssignment.h"
 
-#include "CommandLine.h"
-#include "DisplayValueSearch.h"
-#include "PluginInstance.h"
-#include "ToolError.h"
+#include "tools/CommandLine.h"
+#include "tools/DisplayValueSearch.h"
+#include "tools/PluginInstance.h"
+#include "tools/ToolError.h"
 
 #include <strings.h>
 

@@ -1,6 +1,6 @@
-#include "PendingOutput.h"
+#include "tools/PendingOutput.h"
 
-#include "ToolError.h"
+#include "tools/ToolError.h"
 
 #include <atomic>
 #include <cerrno>

@@ -1,10 +1,10 @@
-#include "Commands.h"
-#include "PendingOutput.h"
-#include "PluginRack.h"
-#include "PngFile.h"
-#include "ResponsePlot.h"
-#include "ResultStream.h"
-#include "ToolError.h"
+#include "tools/Commands.h"
+#include "tools/PendingOutput.h"
+#include "tools/PluginRack.h"
+#include "tools/PngFile.h"
+#include "tools/ResponsePlot.h"
+#include "tools/ResultStream.h"
+#include "tools/ToolError.h"
 
 #include <cerrno>
 #include <cstdio>

@@ -1,6 +1,6 @@
-#include "PluginFacts.h"
+#include "tools/PluginFacts.h"
 
-#include "PluginInstance.h"
+#include "tools/PluginInstance.h"
 
 #include <cstdio>
 

@@ -1,4 +1,4 @@
-#include "PluginInstance.h"
+#include "tools/PluginInstance.h"
 
 #include <algorithm>
 

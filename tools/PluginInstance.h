@@ -2,8 +2,8 @@
 // construction, switched on with resume(), switched off and closed on destruction.
 #pragma once
 
-#include "HostState.h"
-#include "PluginModule.h"
+#include "tools/HostState.h"
+#include "tools/PluginModule.h"
 
 #include <memory>
 #include <string>

@@ -1,7 +1,7 @@
-#include "PluginModule.h"
+#include "tools/PluginModule.h"
 
-#include "HeldLibraries.h"
-#include "ToolError.h"
+#include "tools/HeldLibraries.h"
+#include "tools/ToolError.h"
 
 #include <cerrno>
 #include <cstdlib>

@@ -2,7 +2,7 @@
 // lives, so instances hold it through a shared pointer.
 #pragma once
 
-#include "HostState.h"
+#include "tools/HostState.h"
 
 #include <memory>
 #include <string>

@@ -1,6 +1,6 @@
-#include "PluginRack.h"
+#include "tools/PluginRack.h"
 
-#include "ToolError.h"
+#include "tools/ToolError.h"
 
 ChannelLayout chooseLayout(int signalChannels, int pluginInputs, int pluginOutputs) {
     if (pluginInputs == signalChannels && pluginOutputs == signalChannels) {

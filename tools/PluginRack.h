@@ -2,8 +2,8 @@
 // routing of channel buffers to them. Buffers are handed over by pointer, never copied.
 #pragma once
 
-#include "PluginInstance.h"
-#include "PluginSettings.h"
+#include "tools/PluginInstance.h"
+#include "tools/PluginSettings.h"
 
 #include <memory>
 #include <vector>

@@ -1,8 +1,8 @@
-#include "PluginSettings.h"
+#include "tools/PluginSettings.h"
 
-#include "ParameterAssignment.h"
-#include "PluginInstance.h"
-#include "ToolError.h"
+#include "tools/ParameterAssignment.h"
+#include "tools/PluginInstance.h"
+#include "tools/ToolError.h"
 
 #include <climits>
 

@@ -2,8 +2,8 @@
 // single parameters, in that order, so a `--set` refines the program it lands on.
 #pragma once
 
-#include "CommandLine.h"
-#include "FxbFile.h"
+#include "tools/CommandLine.h"
+#include "tools/FxbFile.h"
 
 #include <optional>
 #include <string>

@@ -1,6 +1,6 @@
-#include "PngFile.h"
+#include "tools/PngFile.h"
 
-#include "ToolError.h"
+#include "tools/ToolError.h"
 
 void writePng(cairo_surface_t* surface, const PendingOutput& output) {
     const cairo_status_t status =

@@ -1,7 +1,7 @@
 // Writes a Cairo image as PNG to the temporary name of a pending output.
 #pragma once
 
-#include "PendingOutput.h"
+#include "tools/PendingOutput.h"
 
 #include <cairo.h>
 

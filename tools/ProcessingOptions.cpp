@@ -1,6 +1,6 @@
-#include "Commands.h"
-#include "PluginModule.h"
-#include "PluginSettings.h"
+#include "tools/Commands.h"
+#include "tools/PluginModule.h"
+#include "tools/PluginSettings.h"
 
 namespace {
 constexpr long kDefaultBlockSize = 512;

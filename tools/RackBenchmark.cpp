@@ -1,6 +1,6 @@
-#include "RackBenchmark.h"
+#include "tools/RackBenchmark.h"
 
-#include "WhiteNoise.h"
+#include "tools/WhiteNoise.h"
 
 #include <algorithm>
 #include <chrono>

@@ -2,7 +2,7 @@
 // a run measures processing and nothing else.
 #pragma once
 
-#include "PluginRack.h"
+#include "tools/PluginRack.h"
 
 #include <cstdint>
 #include <vector>

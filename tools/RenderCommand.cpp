@@ -1,12 +1,12 @@
-#include "AudioFile.h"
-#include "Commands.h"
-#include "DemoSignal.h"
-#include "PendingOutput.h"
-#include "PluginRack.h"
-#include "ProgressBar.h"
-#include "ResultStream.h"
-#include "StreamRenderer.h"
-#include "ToolError.h"
+#include "tools/AudioFile.h"
+#include "tools/Commands.h"
+#include "tools/DemoSignal.h"
+#include "tools/PendingOutput.h"
+#include "tools/PluginRack.h"
+#include "tools/ProgressBar.h"
+#include "tools/ResultStream.h"
+#include "tools/StreamRenderer.h"
+#include "tools/ToolError.h"
 
 #include <cmath>
 #include <memory>

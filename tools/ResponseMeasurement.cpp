@@ -1,6 +1,6 @@
-#include "ResponseMeasurement.h"
+#include "tools/ResponseMeasurement.h"
 
-#include "StreamRenderer.h"
+#include "tools/StreamRenderer.h"
 
 #include <algorithm>
 #include <cmath>

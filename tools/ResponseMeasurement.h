@@ -2,7 +2,7 @@
 // Fourier transform of what comes out is the response (exact for a linear plug-in).
 #pragma once
 
-#include "PluginRack.h"
+#include "tools/PluginRack.h"
 
 #include <vector>
 

@@ -1,4 +1,4 @@
-#include "ResponsePlot.h"
+#include "tools/ResponsePlot.h"
 
 #include <algorithm>
 #include <cmath>

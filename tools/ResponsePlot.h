@@ -2,8 +2,8 @@
 // axis from 20 Hz to 20 kHz, with an optional phase curve on its own axis.
 #pragma once
 
-#include "CairoSurface.h"
-#include "ResponseMeasurement.h"
+#include "tools/CairoSurface.h"
+#include "tools/ResponseMeasurement.h"
 
 #include <string>
 

@@ -1,4 +1,4 @@
-#include "ResultStream.h"
+#include "tools/ResultStream.h"
 
 #include <unistd.h>
 

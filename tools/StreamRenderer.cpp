@@ -1,4 +1,4 @@
-#include "StreamRenderer.h"
+#include "tools/StreamRenderer.h"
 
 #include <algorithm>
 #include <cmath>

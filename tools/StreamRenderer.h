@@ -2,8 +2,8 @@
 // tail, so a filter's ringing after the last input sample is kept.
 #pragma once
 
-#include "PluginRack.h"
-#include "SignalSource.h"
+#include "tools/PluginRack.h"
+#include "tools/SignalSource.h"
 
 #include <cstdint>
 #include <functional>

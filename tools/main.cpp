@@ -1,8 +1,8 @@
 // zephyra: a command-line host for Linux VST 2.4 plug-ins. It renders audio through a
 // plug-in, plots its response, measures its speed and opens its editor.
-#include "Commands.h"
-#include "ResultStream.h"
-#include "ToolError.h"
+#include "tools/Commands.h"
+#include "tools/ResultStream.h"
+#include "tools/ToolError.h"
 
 #include <cstdio>
 #include <exception>

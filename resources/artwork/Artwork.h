@@ -1,7 +1,7 @@
 // The panel's bitmaps, one drawing function each, and the table that numbers them.
 #pragma once
 
-#include "Canvas.h"
+#include "resources/artwork/Canvas.h"
 
 #include <vector>
 

@@ -1,4 +1,4 @@
-#include "Canvas.h"
+#include "resources/artwork/Canvas.h"
 
 #include <pango/pangocairo.h>
 

@@ -2,7 +2,7 @@
 // family shares (pixel-exact rectangles, buttons, text set with Pango).
 #pragma once
 
-#include "Palette.h"
+#include "resources/artwork/Palette.h"
 
 #include <cairo.h>
 

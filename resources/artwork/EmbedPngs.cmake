@@ -17,7 +17,7 @@ endforeach()
 
 file(WRITE ${OUTPUT}.new
 "// Written by the build from the generated artwork; not kept in the repository.
-#include \"EmbeddedArtwork.h\"
+#include \"resources/artwork/EmbeddedArtwork.h\"
 
 namespace {
 ${arrays}} // namespace

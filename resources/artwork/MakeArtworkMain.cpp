@@ -1,6 +1,6 @@
 // Draws the panel's bitmaps and writes them as bmpNNNNN.png into the folder it is given.
 
-#include "Artwork.h"
+#include "resources/artwork/Artwork.h"
 
 #include <cstdio>
 #include <cstring>

@@ -1,6 +1,6 @@
-#include "PanelArtwork.h"
+#include "resources/artwork/PanelArtwork.h"
 
-#include "EmbeddedArtwork.h"
+#include "resources/artwork/EmbeddedArtwork.h"
 
 void RegisterPanelArtwork(const char* bundleIdentifier) {
     AfxRegisterResources(bundleIdentifier, kPanelArtwork, kPanelArtworkCount);

@@ -1,6 +1,6 @@
-#include "CPoint.h"
-#include "CRect.h"
-#include "CSize.h"
+#include "base/CPoint.h"
+#include "base/CRect.h"
+#include "base/CSize.h"
 
 #include <gtest/gtest.h>
 

@@ -1,5 +1,5 @@
-#include "CBiquadFilter.h"
-#include "ReferenceEqualizer.h"
+#include "dsp/CBiquadFilter.h"
+#include "tests/support/ReferenceEqualizer.h"
 
 #include <gtest/gtest.h>
 

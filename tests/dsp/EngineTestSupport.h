@@ -1,8 +1,8 @@
 // Helpers shared by the engine tests: stream formats, settings and guarded output buffers.
 #pragma once
 
-#include "CMultiEqualizer.h"
-#include "ReferenceEqualizer.h"
+#include "dsp/CMultiEqualizer.h"
+#include "tests/support/ReferenceEqualizer.h"
 
 #include <gtest/gtest.h>
 

@@ -1,5 +1,5 @@
-#include "FilterResponse.h"
-#include "EngineTestSupport.h"
+#include "dsp/FilterResponse.h"
+#include "tests/dsp/EngineTestSupport.h"
 
 #include <gtest/gtest.h>
 

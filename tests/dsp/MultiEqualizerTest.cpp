@@ -1,4 +1,4 @@
-#include "EngineTestSupport.h"
+#include "tests/dsp/EngineTestSupport.h"
 
 #include <gtest/gtest.h>
 

@@ -2,7 +2,7 @@
 // factory bank that ships beside the module.
 #pragma once
 
-#include "AZephyraProgram.h"
+#include "effect/AZephyraProgram.h"
 
 #include <cstring>
 #include <string>

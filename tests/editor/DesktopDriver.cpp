@@ -1,4 +1,4 @@
-#include "DesktopDriver.h"
+#include "tests/editor/DesktopDriver.h"
 
 #include <cstdio>
 #include <cstdlib>

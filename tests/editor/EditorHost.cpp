@@ -1,6 +1,6 @@
-#include "EditorHost.h"
+#include "tests/editor/EditorHost.h"
 
-#include "FramePictures.h"
+#include "tests/editor/FramePictures.h"
 
 int EditorHost::Differences(const RECT& rect, const CQMTBitmap& bitmap, int sourceX, int sourceY) {
     cairo_surface_t* shown = driver.Snapshot(&Panel());

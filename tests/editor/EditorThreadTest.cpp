@@ -1,8 +1,8 @@
 // The editor under the host's two threads: automation and audio run on their own thread
 // while the user-interface thread opens, idles and closes the editor.
-#include "EditorHost.h"
-#include "PendingPanelUpdates.h"
-#include "RecordingPanel.h"
+#include "tests/editor/EditorHost.h"
+#include "editor/PendingPanelUpdates.h"
+#include "tests/support/RecordingPanel.h"
 
 #include <atomic>
 #include <gtest/gtest.h>

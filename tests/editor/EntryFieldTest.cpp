@@ -1,12 +1,12 @@
 // The floating entry window and its field: what typing does to the text, how the value is
 // reported in tenths, limits on leaving the field, Return and Escape, and the window's size.
-#include "CDC.h"
-#include "CFrameWnd.h"
-#include "CHeadlessDriver.h"
-#include "CQMTFloatEditWnd.h"
-#include "KeyCodes.h"
-#include "PanelIds.h"
-#include "WinStyles.h"
+#include "toolkit/CDC.h"
+#include "toolkit/CFrameWnd.h"
+#include "toolkit/driver/CHeadlessDriver.h"
+#include "editor/CQMTFloatEditWnd.h"
+#include "toolkit/platform/KeyCodes.h"
+#include "editor/PanelIds.h"
+#include "toolkit/WinStyles.h"
 
 #include <gtest/gtest.h>
 #include <string>

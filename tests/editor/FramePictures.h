@@ -2,8 +2,8 @@
 // frame they are, and a DC to draw them into and read back.
 #pragma once
 
-#include "CDC.h"
-#include "CQMTBitmap.h"
+#include "toolkit/CDC.h"
+#include "editor/CQMTBitmap.h"
 
 #include <cairo.h>
 #include <cstdint>

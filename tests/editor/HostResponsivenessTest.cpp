@@ -3,11 +3,11 @@
 // menu or dialog must not hold the host inside the call that opened it: the host has to go
 // on redrawing and answering its window manager. The user's choices still take effect, and
 // the host may automate the effect while a menu or dialog is open.
-#include "BankRecords.h"
-#include "DesktopDriver.h"
-#include "TempFolder.h"
-#include "UIWindowLayout.h"
-#include "UiThreadHost.h"
+#include "tests/editor/BankRecords.h"
+#include "tests/editor/DesktopDriver.h"
+#include "tests/support/TempFolder.h"
+#include "editor/UIWindowLayout.h"
+#include "tests/editor/UiThreadHost.h"
 
 #include <gtest/gtest.h>
 

@@ -1,7 +1,7 @@
 // The rotary knob: where the pointer's direction puts it, its end guards, when it tells
 // its owner, and which frame of its strip it shows.
-#include "CQMTNewBitmapTumamiDC.h"
-#include "ControlFixture.h"
+#include "editor/CQMTNewBitmapTumamiDC.h"
+#include "tests/editor/ControlFixture.h"
 
 #include <cmath>
 

@@ -1,5 +1,5 @@
 // The level meters' scale: six dB per doubling, limits, the fall, and the rows lit.
-#include "MeterScale.h"
+#include "editor/MeterScale.h"
 
 #include <cmath>
 #include <gtest/gtest.h>

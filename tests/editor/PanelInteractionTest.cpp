@@ -1,13 +1,13 @@
 // The panel under the user's hands: drags and clicks on the controls, typed values over the
 // read-outs, the copy menu, the save dialog, the lamp and the meters, checked through the
 // effect's state and what the host is told.
-#include "CComboBox.h"
-#include "CPresetSaveDlg.h"
-#include "EditorHost.h"
-#include "KeyCodes.h"
-#include "PopupListWnd.h"
-#include "UIWindowLayout.h"
-#include "WinControlIds.h"
+#include "toolkit/CComboBox.h"
+#include "editor/CPresetSaveDlg.h"
+#include "tests/editor/EditorHost.h"
+#include "toolkit/platform/KeyCodes.h"
+#include "toolkit/PopupListWnd.h"
+#include "editor/UIWindowLayout.h"
+#include "toolkit/WinControlIds.h"
 
 #include <functional>
 #include <gtest/gtest.h>

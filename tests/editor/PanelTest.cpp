@@ -1,11 +1,11 @@
 // The editor opened in a host window: its size, its life cycle, and a panel that shows the
 // effect's values in its controls, read-outs and meters, and follows automation.
-#include "CClientDC.h"
-#include "EditorHost.h"
-#include "FallbackIdleDriver.h"
-#include "FramePictures.h"
-#include "UIWindowLayout.h"
-#include "headless/HeadlessPlatform.h"
+#include "toolkit/CClientDC.h"
+#include "tests/editor/EditorHost.h"
+#include "toolkit/FallbackIdleDriver.h"
+#include "tests/editor/FramePictures.h"
+#include "editor/UIWindowLayout.h"
+#include "toolkit/platform/headless/HeadlessPlatform.h"
 
 #include <dirent.h>
 #include <limits>

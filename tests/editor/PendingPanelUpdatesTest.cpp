@@ -1,7 +1,7 @@
 // The hand-over of the effect's news to the panel: latest values once each, the program
 // state, and nothing outside the parameter list.
-#include "PendingPanelUpdates.h"
-#include "RecordingPanel.h"
+#include "editor/PendingPanelUpdates.h"
+#include "tests/support/RecordingPanel.h"
 
 #include <gtest/gtest.h>
 #include <utility>

@@ -1,14 +1,14 @@
 // The editor in a real X window: the command-line host opens the module's editor under an
 // X server and takes a screenshot, which must show exactly what the panel paints headless
 // for the same plug-in state.
-#include "AZephyra.h"
-#include "CHeadlessDriver.h"
-#include "CUIWindow.h"
-#include "CZephyraEditor.h"
-#include "FramePictures.h"
-#include "RecordingHost.h"
-#include "TempFolder.h"
-#include "ToolRunner.h"
+#include "effect/AZephyra.h"
+#include "toolkit/driver/CHeadlessDriver.h"
+#include "editor/CUIWindow.h"
+#include "editor/CZephyraEditor.h"
+#include "tests/editor/FramePictures.h"
+#include "tests/support/RecordingHost.h"
+#include "tests/support/TempFolder.h"
+#include "tests/tools/ToolRunner.h"
 
 #include <cairo.h>
 #include <cstdlib>

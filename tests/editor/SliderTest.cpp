@@ -1,7 +1,7 @@
 // The slider: its decade-curve track, reversed and snapping tracks, when it tells its
 // owner, and where it draws its thumb.
-#include "CQMTBitmapSliderDC.h"
-#include "ControlFixture.h"
+#include "editor/CQMTBitmapSliderDC.h"
+#include "tests/editor/ControlFixture.h"
 
 #include <cmath>
 

@@ -1,7 +1,7 @@
 // The two-state switch: which frame it shows, when it changes and tells, and what latching
 // and disabling hold back.
-#include "CQMTBitmapSwitch2DC.h"
-#include "ControlFixture.h"
+#include "editor/CQMTBitmapSwitch2DC.h"
+#include "tests/editor/ControlFixture.h"
 
 namespace {
 

@@ -1,6 +1,6 @@
-#include "UiThreadHost.h"
+#include "tests/editor/UiThreadHost.h"
 
-#include "EditorWindow.h"
+#include "tools/EditorWindow.h"
 
 #include <X11/Xlib.h>
 

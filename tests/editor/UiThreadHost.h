@@ -6,7 +6,7 @@
 // thread further calls (automation, read-backs), which it makes between two idle calls.
 #pragma once
 
-#include "PluginInstance.h"
+#include "tools/PluginInstance.h"
 
 #include <chrono>
 #include <condition_variable>

@@ -1,10 +1,10 @@
 // The editor in a real X window, worked with the mouse and keyboard through xdotool: copy
 // a program from the menu, drag a knob, type a value, save through the dialog; then the
 // bank file that the save wrote shows all of it.
-#include "BankRecords.h"
-#include "DesktopDriver.h"
-#include "TempFolder.h"
-#include "ZephyraParameters.h"
+#include "tests/editor/BankRecords.h"
+#include "tests/editor/DesktopDriver.h"
+#include "tests/support/TempFolder.h"
+#include "effect/ZephyraParameters.h"
 
 #include <gtest/gtest.h>
 

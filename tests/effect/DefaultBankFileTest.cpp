@@ -1,8 +1,8 @@
 // The default bank file: where open looks for it, which broken or foreign files it
 // ignores, and what SaveProgram writes (and keeps when writing fails).
-#include "AfxMessageBox.h"
-#include "EffectTestSupport.h"
-#include "StringTable.h"
+#include "base/AfxMessageBox.h"
+#include "tests/effect/EffectTestSupport.h"
+#include "effect/StringTable.h"
 
 #include <gtest/gtest.h>
 

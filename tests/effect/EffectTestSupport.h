@@ -2,10 +2,10 @@
 // what the effect tells it, the host's view of programs, and bank files built byte by byte.
 #pragma once
 
-#include "AZephyra.h"
-#include "RecordingHost.h"
-#include "RecordingPanel.h"
-#include "TempFolder.h"
+#include "effect/AZephyra.h"
+#include "tests/support/RecordingHost.h"
+#include "tests/support/RecordingPanel.h"
+#include "tests/support/TempFolder.h"
 
 #include <cstring>
 #include <string>

@@ -1,6 +1,6 @@
 // The audio thread processes blocks while the user-interface thread moves controls,
 // types values, switches programs and polls the meters, as a host and the editor do.
-#include "EffectTestSupport.h"
+#include "tests/effect/EffectTestSupport.h"
 
 #include <gtest/gtest.h>
 

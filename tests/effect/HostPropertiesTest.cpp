@@ -1,7 +1,7 @@
 // What effGetParameterProperties answers depends on the host: hosts that take integer
 // min/max as the range of raw setParameter values get plain 0..1 controls named after the
 // parameters; every other host, and any host before effOpen, gets the display ranges.
-#include "EffectTestSupport.h"
+#include "tests/effect/EffectTestSupport.h"
 
 #include <gtest/gtest.h>
 

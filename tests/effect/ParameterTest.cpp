@@ -1,7 +1,7 @@
 // The parameter model: the conversions, what the host reads about each parameter, and
 // what each of the three setters stores and tells the engine, the panel and the host.
-#include "CMultiEqualizer.h"
-#include "EffectTestSupport.h"
+#include "dsp/CMultiEqualizer.h"
+#include "tests/effect/EffectTestSupport.h"
 
 #include <gtest/gtest.h>
 

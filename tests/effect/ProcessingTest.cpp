@@ -1,8 +1,8 @@
 // The audio path as the host drives it: pass-through when off, the meters and their
 // input factor, the block counter, empty blocks, and the host's configuration calls,
 // hostile ones included.
-#include "CMultiEqualizer.h"
-#include "EffectTestSupport.h"
+#include "dsp/CMultiEqualizer.h"
+#include "tests/effect/EffectTestSupport.h"
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,6 @@
 // The 64 programs: defaults, selection and names, the host chunk with the current program
 // riding in program 0's name, hostile chunks, and the revert and copy operations.
-#include "EffectTestSupport.h"
+#include "tests/effect/EffectTestSupport.h"
 
 #include <gtest/gtest.h>
 

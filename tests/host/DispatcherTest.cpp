@@ -1,6 +1,6 @@
 // The requests a host sends through the record: which operation each opcode reaches, how
 // its arguments are unpacked and how the answer comes back.
-#include "ProbeEffect.h"
+#include "tests/host/ProbeEffect.h"
 
 #include <gtest/gtest.h>
 

@@ -1,7 +1,7 @@
 // What the base classes send to the host: the opcode, how each argument is packed, how
 // the answer becomes a result, and what each call answers when there is no host.
-#include "ProbeEffect.h"
-#include "RecordingHost.h"
+#include "tests/host/ProbeEffect.h"
+#include "tests/support/RecordingHost.h"
 
 #include <gtest/gtest.h>
 

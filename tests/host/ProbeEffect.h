@@ -3,7 +3,7 @@
 // request reached the right operation with its arguments unpacked.
 #pragma once
 
-#include "AudioEffectX.h"
+#include "host/AudioEffectX.h"
 
 #include <sstream>
 #include <string>

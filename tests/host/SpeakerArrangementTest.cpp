@@ -1,6 +1,6 @@
 // Speaker arrangements are records of variable length: a header, then one 112-byte
 // speaker record per channel, possibly more than the declared array holds.
-#include "ProbeEffect.h"
+#include "tests/host/ProbeEffect.h"
 
 #include <gtest/gtest.h>
 

@@ -1,5 +1,5 @@
 // The base effect's value-to-text operations, with the quirks hosts have long seen.
-#include "ProbeEffect.h"
+#include "tests/host/ProbeEffect.h"
 
 #include <gtest/gtest.h>
 

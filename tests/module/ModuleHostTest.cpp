@@ -2,11 +2,11 @@
 // and from then on talks to it only through the record: identity, dispatcher answers,
 // parameter texts, chunks, and audio compared bit for bit with a plain evaluation of the
 // formulas.
-#include "PluginInstance.h"
-#include "RecordingHost.h"
-#include "ReferenceEqualizer.h"
-#include "TempFolder.h"
-#include "ZephyraParameters.h"
+#include "tools/PluginInstance.h"
+#include "tests/support/RecordingHost.h"
+#include "tests/support/ReferenceEqualizer.h"
+#include "tests/support/TempFolder.h"
+#include "effect/ZephyraParameters.h"
 
 #include <gtest/gtest.h>
 

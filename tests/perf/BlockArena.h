@@ -5,7 +5,7 @@
 // stray write anywhere shows as well as a wrong sample.
 #pragma once
 
-#include "ReferenceEqualizer.h"
+#include "tests/support/ReferenceEqualizer.h"
 
 #include <cmath>
 #include <cstdint>

@@ -2,11 +2,11 @@
 // the plain staged block bit for bit: samples, the four meters, the over-level flag and the
 // block counter, over random parameters, on, off and bands-off states, suspend and resume,
 // random block splits and every buffer layout.
-#include "AZephyra.h"
-#include "BlockArena.h"
-#include "CMultiEqualizer.h"
-#include "PlainBlockModel.h"
-#include "ZephyraParameters.h"
+#include "effect/AZephyra.h"
+#include "tests/perf/BlockArena.h"
+#include "dsp/CMultiEqualizer.h"
+#include "tests/perf/PlainBlockModel.h"
+#include "effect/ZephyraParameters.h"
 
 #include <gtest/gtest.h>
 

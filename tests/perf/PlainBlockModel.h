@@ -4,7 +4,7 @@
 // give whatever that order gives.
 #pragma once
 
-#include "ReferenceEqualizer.h"
+#include "tests/support/ReferenceEqualizer.h"
 
 #include <algorithm>
 #include <cmath>

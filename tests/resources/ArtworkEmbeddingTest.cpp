@@ -1,9 +1,9 @@
 // The module carries the artwork: the compiled-in table gives back the very pictures the
 // build drew.
 
-#include "ArtworkImage.h"
-#include "BitmapResources.h"
-#include "PanelArtwork.h"
+#include "tests/resources/ArtworkImage.h"
+#include "toolkit/BitmapResources.h"
+#include "resources/artwork/PanelArtwork.h"
 
 #include <gtest/gtest.h>
 

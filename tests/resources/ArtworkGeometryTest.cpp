@@ -1,6 +1,6 @@
 // The generated bitmaps against the places the panel draws them.
 
-#include "ArtworkImage.h"
+#include "tests/resources/ArtworkImage.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "ArtworkImage.h"
+#include "tests/resources/ArtworkImage.h"
 
 #include <algorithm>
 #include <cmath>

@@ -1,7 +1,7 @@
 // What the pictures must show: knob pointer and arc, meter grading, lamp states, switch
 // travel and read-out wells that black digits stand out on.
 
-#include "ArtworkImage.h"
+#include "tests/resources/ArtworkImage.h"
 
 #include <gtest/gtest.h>
 

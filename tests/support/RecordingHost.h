@@ -5,7 +5,7 @@
 // recorder is live at a time; the plug-in reaches it through the plain function Callback.
 #pragma once
 
-#include "Vst2Interface.h"
+#include "host/Vst2Interface.h"
 
 #include <algorithm>
 #include <cstring>

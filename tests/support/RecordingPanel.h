@@ -1,7 +1,7 @@
 // A panel that writes down what it is told.
 #pragma once
 
-#include "ZephyraEditorSeam.h"
+#include "effect/ZephyraEditorSeam.h"
 
 #include <utility>
 #include <vector>

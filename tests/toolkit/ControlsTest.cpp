@@ -1,13 +1,13 @@
-#include "CComboBox.h"
-#include "CEdit.h"
-#include "CSpinButtonCtrl.h"
-#include "HostFixture.h"
-#include "KeyCodes.h"
-#include "PopupListWnd.h"
-#include "RecordingWnd.h"
-#include "ToolkitTheme.h"
-#include "WinMessages.h"
-#include "WinStyles.h"
+#include "toolkit/CComboBox.h"
+#include "toolkit/CEdit.h"
+#include "toolkit/CSpinButtonCtrl.h"
+#include "tests/toolkit/HostFixture.h"
+#include "toolkit/platform/KeyCodes.h"
+#include "toolkit/PopupListWnd.h"
+#include "tests/toolkit/RecordingWnd.h"
+#include "toolkit/ToolkitTheme.h"
+#include "toolkit/WinMessages.h"
+#include "toolkit/WinStyles.h"
 
 #include <gtest/gtest.h>
 

@@ -1,13 +1,13 @@
-#include "BitmapResources.h"
-#include "CClientDC.h"
-#include "CDC.h"
-#include "CPaintDC.h"
-#include "FontCatalog.h"
-#include "HostFixture.h"
-#include "RecordingWnd.h"
-#include "TestImages.h"
-#include "WinMessages.h"
-#include "WinStyles.h"
+#include "toolkit/BitmapResources.h"
+#include "toolkit/CClientDC.h"
+#include "toolkit/CDC.h"
+#include "toolkit/CPaintDC.h"
+#include "toolkit/FontCatalog.h"
+#include "tests/toolkit/HostFixture.h"
+#include "tests/toolkit/RecordingWnd.h"
+#include "tests/toolkit/TestImages.h"
+#include "toolkit/WinMessages.h"
+#include "toolkit/WinStyles.h"
 
 #include <gtest/gtest.h>
 

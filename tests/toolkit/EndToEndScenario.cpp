@@ -1,11 +1,11 @@
-#include "EndToEndScenario.h"
+#include "tests/toolkit/EndToEndScenario.h"
 
-#include "CDialog.h"
-#include "CMenu.h"
-#include "CPaintDC.h"
-#include "WinControlIds.h"
-#include "WinMessages.h"
-#include "WinStyles.h"
+#include "toolkit/CDialog.h"
+#include "toolkit/CMenu.h"
+#include "toolkit/CPaintDC.h"
+#include "toolkit/WinControlIds.h"
+#include "toolkit/WinMessages.h"
+#include "toolkit/WinStyles.h"
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,6 @@
-#include "CHeadlessDriver.h"
-#include "EndToEndScenario.h"
-#include "KeyCodes.h"
+#include "toolkit/driver/CHeadlessDriver.h"
+#include "tests/toolkit/EndToEndScenario.h"
+#include "toolkit/platform/KeyCodes.h"
 
 #include <gtest/gtest.h>
 

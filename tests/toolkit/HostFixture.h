@@ -2,9 +2,9 @@
 // editor has it once the host opened it and idled it once.
 #pragma once
 
-#include "CFrameWnd.h"
-#include "CHeadlessDriver.h"
-#include "MessageCache.h"
+#include "toolkit/CFrameWnd.h"
+#include "toolkit/driver/CHeadlessDriver.h"
+#include "toolkit/MessageCache.h"
 
 #include <gtest/gtest.h>
 

@@ -1,8 +1,8 @@
-#include "CWnd.h"
-#include "HostFixture.h"
-#include "KeyCodes.h"
-#include "RecordingWnd.h"
-#include "WinMessages.h"
+#include "toolkit/CWnd.h"
+#include "tests/toolkit/HostFixture.h"
+#include "toolkit/platform/KeyCodes.h"
+#include "tests/toolkit/RecordingWnd.h"
+#include "toolkit/WinMessages.h"
 
 #include <gtest/gtest.h>
 

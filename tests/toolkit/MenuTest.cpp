@@ -1,9 +1,9 @@
-#include "CMenu.h"
-#include "HostFixture.h"
-#include "KeyCodes.h"
-#include "PopupListWnd.h"
-#include "RecordingWnd.h"
-#include "WinMessages.h"
+#include "toolkit/CMenu.h"
+#include "tests/toolkit/HostFixture.h"
+#include "toolkit/platform/KeyCodes.h"
+#include "toolkit/PopupListWnd.h"
+#include "tests/toolkit/RecordingWnd.h"
+#include "toolkit/WinMessages.h"
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,6 @@
-#include "CWnd.h"
-#include "MessageCache.h"
-#include "WinMessages.h"
+#include "toolkit/CWnd.h"
+#include "toolkit/MessageCache.h"
+#include "toolkit/WinMessages.h"
 
 #include <gtest/gtest.h>
 

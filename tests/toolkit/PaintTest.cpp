@@ -1,8 +1,8 @@
-#include "HostFixture.h"
-#include "MFCView0.h"
-#include "RecordingWnd.h"
-#include "WinMessages.h"
-#include "WinStyles.h"
+#include "tests/toolkit/HostFixture.h"
+#include "toolkit/MFCView0.h"
+#include "tests/toolkit/RecordingWnd.h"
+#include "toolkit/WinMessages.h"
+#include "toolkit/WinStyles.h"
 
 #include <gtest/gtest.h>
 

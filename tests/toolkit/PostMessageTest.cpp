@@ -1,7 +1,7 @@
-#include "HostFixture.h"
-#include "PostedMessageRing.h"
-#include "RecordingWnd.h"
-#include "WinMessages.h"
+#include "tests/toolkit/HostFixture.h"
+#include "toolkit/PostedMessageRing.h"
+#include "tests/toolkit/RecordingWnd.h"
+#include "toolkit/WinMessages.h"
 
 #include <gtest/gtest.h>
 

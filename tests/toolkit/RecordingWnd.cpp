@@ -1,7 +1,7 @@
-#include "RecordingWnd.h"
+#include "tests/toolkit/RecordingWnd.h"
 
-#include "WinMessages.h"
-#include "WinStyles.h"
+#include "toolkit/WinMessages.h"
+#include "toolkit/WinStyles.h"
 
 BEGIN_MESSAGE_MAP(RecordingWnd, CWnd)
 ON_WM_CREATE()

@@ -2,7 +2,7 @@
 // creation and its paints, so that tests can check what arrived, in which order.
 #pragma once
 
-#include "CWnd.h"
+#include "toolkit/CWnd.h"
 
 #include <vector>
 

@@ -1,4 +1,4 @@
-#include "TestImages.h"
+#include "tests/toolkit/TestImages.h"
 
 namespace {
 

@@ -1,8 +1,8 @@
-#include "FallbackIdleDriver.h"
-#include "HostFixture.h"
-#include "RecordingWnd.h"
-#include "WinMessages.h"
-#include "WindowTimer.h"
+#include "toolkit/FallbackIdleDriver.h"
+#include "tests/toolkit/HostFixture.h"
+#include "tests/toolkit/RecordingWnd.h"
+#include "toolkit/WinMessages.h"
+#include "toolkit/WindowTimer.h"
 
 #include <gtest/gtest.h>
 

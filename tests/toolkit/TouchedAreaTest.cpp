@@ -1,5 +1,5 @@
 // What a window DC shows after drawing: the touched places, joined where they lie close.
-#include "TouchedArea.h"
+#include "toolkit/TouchedArea.h"
 
 #include <gtest/gtest.h>
 

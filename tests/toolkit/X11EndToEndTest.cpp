@@ -1,10 +1,10 @@
 // The toolkit on a real X server (run under Xvfb): a window inside a window that another
 // connection owns, as a host's, painted, clicked and typed into with xdotool, and closed
 // without leaving windows, threads or display connections behind.
-#include "CFrameWnd.h"
-#include "EndToEndScenario.h"
-#include "FallbackIdleDriver.h"
-#include "MessagePump.h"
+#include "toolkit/CFrameWnd.h"
+#include "tests/toolkit/EndToEndScenario.h"
+#include "toolkit/FallbackIdleDriver.h"
+#include "toolkit/MessagePump.h"
 
 // Before Xlib, whose macros (None, Status) would break it.
 #include <gtest/gtest.h>

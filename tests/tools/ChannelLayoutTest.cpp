@@ -1,7 +1,7 @@
 // Which signals a plug-in can take, and how: directly, a mono signal duplicated onto a
 // stereo plug-in, or one mono instance per channel.
-#include "PluginRack.h"
-#include "ToolError.h"
+#include "tools/PluginRack.h"
+#include "tools/ToolError.h"
 
 #include <gtest/gtest.h>
 

@@ -1,7 +1,7 @@
 // The command line: options anywhere, both spellings of a value, repeats kept in order, and
 // every mistake reported as a usage error.
-#include "CommandLine.h"
-#include "ToolError.h"
+#include "tools/CommandLine.h"
+#include "tools/ToolError.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "DirectPlugin.h"
+#include "tests/tools/DirectPlugin.h"
 
 #include <algorithm>
 #include <vector>

@@ -1,6 +1,6 @@
 // Finding the normalised value that displays a wanted text, against displays shaped like
 // those of real plug-ins: linear and logarithmic numbers, rising and falling, and words.
-#include "DisplayValueSearch.h"
+#include "tools/DisplayValueSearch.h"
 
 #include <cmath>
 #include <cstdio>

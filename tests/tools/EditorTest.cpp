@@ -1,5 +1,5 @@
 // The editor mode against a third-party editor that draws under a virtual X server.
-#include "ToolRunner.h"
+#include "tests/tools/ToolRunner.h"
 
 #include <cairo.h>
 #include <cstdlib>

@@ -1,7 +1,7 @@
 // Every way a command can fail must end the same way: one line on stderr, a non-zero exit,
 // and no output file written, half-written or destroyed.
-#include "TestAudio.h"
-#include "ToolRunner.h"
+#include "tests/tools/TestAudio.h"
+#include "tests/tools/ToolRunner.h"
 
 #include <cmath>
 #include <csignal>

@@ -1,7 +1,7 @@
 // Reading bank files: both kinds, the selected program of newer banks, and damaged files.
-#include "FxbFile.h"
-#include "ToolError.h"
-#include "ToolRunner.h"
+#include "tools/FxbFile.h"
+#include "tools/ToolError.h"
+#include "tests/tools/ToolRunner.h"
 
 #include <cstring>
 #include <gtest/gtest.h>

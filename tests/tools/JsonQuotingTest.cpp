@@ -1,6 +1,6 @@
 // Texts from plug-ins reach `info --json` unchanged where JSON allows it; program names in a
 // legacy encoding must not make the document invalid.
-#include "JsonWriter.h"
+#include "tools/JsonWriter.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "TestAudio.h"
+#include "tests/tools/TestAudio.h"
 
 #include <cmath>
 #include <random>

@@ -1,8 +1,8 @@
 // The tool against a plug-in it knows nothing about: a mono equaliser from Debian's
 // zam-plugins, which exports only the legacy entry name.
-#include "InfoJson.h"
-#include "TestAudio.h"
-#include "ToolRunner.h"
+#include "tests/tools/InfoJson.h"
+#include "tests/tools/TestAudio.h"
+#include "tests/tools/ToolRunner.h"
 
 #include <cmath>
 #include <cstring>

@@ -1,4 +1,4 @@
-#include "ToolRunner.h"
+#include "tests/tools/ToolRunner.h"
 
 #include <algorithm>
 #include <csignal>

@@ -1,11 +1,11 @@
 // The tool against our own plug-in: what it renders must be exactly what the module gives
 // when driven directly, and what it plots must be the equaliser's analytic response.
-#include "CMultiEqualizer.h"
-#include "DirectPlugin.h"
-#include "FilterResponse.h"
-#include "InfoJson.h"
-#include "TestAudio.h"
-#include "ToolRunner.h"
+#include "dsp/CMultiEqualizer.h"
+#include "tests/tools/DirectPlugin.h"
+#include "dsp/FilterResponse.h"
+#include "tests/tools/InfoJson.h"
+#include "tests/tools/TestAudio.h"
+#include "tests/tools/ToolRunner.h"
 
 #include <algorithm>
 #include <cairo.h>

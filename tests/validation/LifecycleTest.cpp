@@ -2,8 +2,8 @@
 // out, closing from any state, and many whole sessions one after another. Nothing may
 // leak: not memory (LeakSanitizer in the address-sanitizer build, the allocator's own
 // figures elsewhere), not file descriptors, not threads.
-#include "PluginChecks.h"
-#include "ProcessResources.h"
+#include "tests/validation/support/PluginChecks.h"
+#include "tests/validation/support/ProcessResources.h"
 
 #include <gtest/gtest.h>
 

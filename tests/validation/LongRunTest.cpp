@@ -4,7 +4,7 @@
 // precisions), and at the end a fresh effect given the same history of changes, without
 // the audio, is in exactly the same state: the same parameters, the same bank and the
 // same sound. State that drifted with time, or with the amount of audio, would show.
-#include "PluginChecks.h"
+#include "tests/validation/support/PluginChecks.h"
 
 #include <gtest/gtest.h>
 

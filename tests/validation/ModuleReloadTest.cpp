@@ -1,10 +1,10 @@
 // The shipped module loaded and unloaded again and again, as hosts do when they scan
 // their plug-in folders or reopen a project: every load gives a working effect, and no
 // load leaves memory, a file descriptor, a thread or a mapping behind.
-#include "PluginInstance.h"
-#include "ProcessResources.h"
-#include "TempFolder.h"
-#include "TestSignal.h"
+#include "tools/PluginInstance.h"
+#include "tests/validation/support/ProcessResources.h"
+#include "tests/support/TempFolder.h"
+#include "tests/validation/support/TestSignal.h"
 
 #include <gtest/gtest.h>
 

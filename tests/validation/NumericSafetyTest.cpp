@@ -1,7 +1,7 @@
 // Hostile stream settings: sample rates and block sizes no audio system uses. Each is
 // refused and the last valid setting stays, which shows as output identical to an
 // effect that never received the hostile value.
-#include "PluginChecks.h"
+#include "tests/validation/support/PluginChecks.h"
 
 #include <gtest/gtest.h>
 

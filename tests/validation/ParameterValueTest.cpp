@@ -1,6 +1,6 @@
 // Every kind of float through each of the three ways a value enters the effect: the
 // host's automation, a control on the panel, and a number typed in display units.
-#include "PluginChecks.h"
+#include "tests/validation/support/PluginChecks.h"
 
 #include <gtest/gtest.h>
 

@@ -2,10 +2,10 @@
 // parameter reads) allocates nothing, frees nothing and takes no lock but the effect's
 // own and the engine's. The probe sees every allocation function and every blocking
 // entry point of the process, so a zero here is a measurement, not an assumption.
-#include "PluginChecks.h"
-#include "RealtimeProbe.h"
+#include "tests/validation/support/PluginChecks.h"
+#include "tests/validation/support/RealtimeProbe.h"
 
-#include "CMultiEqualizer.h"
+#include "dsp/CMultiEqualizer.h"
 
 #include <gtest/gtest.h>
 

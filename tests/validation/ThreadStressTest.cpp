@@ -4,7 +4,7 @@
 // programs, trades chunks with the effect and polls the meters. Built with
 // ThreadSanitizer this shows every unsynchronised access; in any build it shows that
 // the audio stays finite and nothing is lost.
-#include "PluginChecks.h"
+#include "tests/validation/support/PluginChecks.h"
 
 #include <gtest/gtest.h>
 

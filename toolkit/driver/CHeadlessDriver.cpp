@@ -1,10 +1,10 @@
-#include "CHeadlessDriver.h"
+#include "toolkit/driver/CHeadlessDriver.h"
 
-#include "CWnd.h"
-#include "KeyTranslation.h"
-#include "MFCView0.h"
-#include "MessagePump.h"
-#include "headless/HeadlessView.h"
+#include "toolkit/CWnd.h"
+#include "toolkit/platform/KeyTranslation.h"
+#include "toolkit/MFCView0.h"
+#include "toolkit/MessagePump.h"
+#include "toolkit/platform/headless/HeadlessView.h"
 
 #include <algorithm>
 #include <chrono>

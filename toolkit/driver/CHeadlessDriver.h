@@ -4,10 +4,10 @@
 // show. Main thread only.
 #pragma once
 
-#include "CPoint.h"
-#include "CRect.h"
-#include "WinTypes.h"
-#include "headless/HeadlessPlatform.h"
+#include "base/CPoint.h"
+#include "base/CRect.h"
+#include "base/WinTypes.h"
+#include "toolkit/platform/headless/HeadlessPlatform.h"
 
 #include <cairo.h>
 #include <memory>

@@ -3,7 +3,7 @@
 // messages everywhere; 0 for characters without a key of their own.
 #pragma once
 
-#include "KeyCodes.h"
+#include "toolkit/platform/KeyCodes.h"
 
 namespace native {
 

@@ -4,7 +4,7 @@
 // origin at the top left and y growing downward, as everywhere in the toolkit.
 #pragma once
 
-#include "WinTypes.h"
+#include "base/WinTypes.h"
 
 #include <cairo.h>
 

@@ -1,8 +1,8 @@
 // The default bank file read at open, in the user's preferences folder, beside the
 // plug-in, or both: any content, any length. The effect opens, every program stays
 // usable, and reverting to the factory program works.
-#include "FuzzInput.h"
-#include "PluginChecks.h"
+#include "tests/validation/fuzz/FuzzInput.h"
+#include "tests/validation/support/PluginChecks.h"
 
 #include <fstream>
 

@@ -2,8 +2,8 @@
 // size and content, perhaps from another version or another plug-in, perhaps damaged.
 // Whatever arrives, the effect keeps working, and the chunk it gives afterwards restores
 // exactly the same state in a fresh effect.
-#include "FuzzInput.h"
-#include "PluginChecks.h"
+#include "tests/validation/fuzz/FuzzInput.h"
+#include "tests/validation/support/PluginChecks.h"
 
 #include <cstring>
 #include <string>

@@ -4,8 +4,8 @@
 // passes for the opcode: a large zeroed buffer, a terminated text, a chunk of the size
 // claimed (at least one bank), or a valid record. effClose ends the effect and the host
 // makes a new one, as it would; effEditOpen is left out, since it needs a real window.
-#include "FuzzInput.h"
-#include "PluginChecks.h"
+#include "tests/validation/fuzz/FuzzInput.h"
+#include "tests/validation/support/PluginChecks.h"
 
 #include <algorithm>
 #include <memory>

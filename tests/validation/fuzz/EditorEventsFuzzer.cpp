@@ -5,12 +5,12 @@
 // that clicks open see the events that follow, as a user would use them, and the host
 // goes on meanwhile, closing the editor under them too. Afterwards every parameter is
 // displayable and the audio finite.
-#include "CHeadlessDriver.h"
-#include "CUIWindow.h"
-#include "CZephyraEditor.h"
-#include "FuzzInput.h"
-#include "KeyCodes.h"
-#include "PluginChecks.h"
+#include "toolkit/driver/CHeadlessDriver.h"
+#include "editor/CUIWindow.h"
+#include "editor/CZephyraEditor.h"
+#include "tests/validation/fuzz/FuzzInput.h"
+#include "toolkit/platform/KeyCodes.h"
+#include "tests/validation/support/PluginChecks.h"
 
 namespace {
 

@@ -3,8 +3,8 @@
 // 16-bit length) and the list after them; each entry of the list gets the next program
 // file, when its name can be a file name at all. After the import every program is
 // usable and every name fits the hosts' 24 bytes.
-#include "FuzzInput.h"
-#include "PluginChecks.h"
+#include "tests/validation/fuzz/FuzzInput.h"
+#include "tests/validation/support/PluginChecks.h"
 
 #include <algorithm>
 #include <cstring>

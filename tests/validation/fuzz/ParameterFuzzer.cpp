@@ -1,8 +1,8 @@
 // Parameter values of every float, NaN and infinities included, through the three ways
 // a value enters the effect: the host's automation, a control on the panel, and a number
 // typed in display units. Indices are mostly the eleven parameters, sometimes anything.
-#include "FuzzInput.h"
-#include "PluginChecks.h"
+#include "tests/validation/fuzz/FuzzInput.h"
+#include "tests/validation/support/PluginChecks.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     FuzzInput input(data, size);

@@ -1,4 +1,4 @@
-#include "PluginChecks.h"
+#include "tests/validation/support/PluginChecks.h"
 
 #include <algorithm>
 #include <cstdio>

@@ -3,8 +3,8 @@
 // the same checks serve the tests (as expectations) and the fuzzers (as aborts).
 #pragma once
 
-#include "TestSignal.h"
-#include "ValidationHost.h"
+#include "tests/validation/support/TestSignal.h"
+#include "tests/validation/support/ValidationHost.h"
 
 #include <string>
 

@@ -2,7 +2,7 @@
 // the blocking entry points of the threads library. Each forwards to the real function
 // and, on a thread inside a RealtimeProbe scope, counts the call. Linked only into
 // binaries built without a sanitizer, whose runtimes replace the same functions.
-#include "RealtimeProbe.h"
+#include "tests/validation/support/RealtimeProbe.h"
 
 #include <dlfcn.h>
 #include <semaphore.h>

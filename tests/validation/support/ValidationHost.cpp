@@ -1,6 +1,6 @@
-#include "ValidationHost.h"
+#include "tests/validation/support/ValidationHost.h"
 
-#include "TempFolder.h"
+#include "tests/support/TempFolder.h"
 
 #include <cstdio>
 #include <cstdlib>

@@ -5,8 +5,8 @@
 // or written.
 #pragma once
 
-#include "AZephyra.h"
-#include "HostState.h"
+#include "effect/AZephyra.h"
+#include "tools/HostState.h"
 
 #include <string>
 

@@ -1,6 +1,6 @@
-#include "HeadlessPlatform.h"
+#include "toolkit/platform/headless/HeadlessPlatform.h"
 
-#include "HeadlessView.h"
+#include "toolkit/platform/headless/HeadlessView.h"
 
 #include <algorithm>
 #include <chrono>

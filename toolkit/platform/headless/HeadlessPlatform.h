@@ -5,7 +5,7 @@
 // window under the pointer; keys to the grabbing or focused window.
 #pragma once
 
-#include "NativePlatform.h"
+#include "toolkit/platform/NativePlatform.h"
 
 #include <memory>
 #include <string>

@@ -1,4 +1,4 @@
-#include "HeadlessView.h"
+#include "toolkit/platform/headless/HeadlessView.h"
 
 #include <algorithm>
 

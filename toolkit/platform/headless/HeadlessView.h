@@ -2,7 +2,7 @@
 // wrapped host window only refers to the host's node.
 #pragma once
 
-#include "HeadlessPlatform.h"
+#include "toolkit/platform/headless/HeadlessPlatform.h"
 
 namespace native {
 

@@ -1,7 +1,7 @@
 // Opens the X11 platform without bringing Xlib's names into the caller.
 #pragma once
 
-#include "NativePlatform.h"
+#include "toolkit/platform/NativePlatform.h"
 
 #include <memory>
 

@@ -1,8 +1,8 @@
-#include "X11Platform.h"
+#include "toolkit/platform/x11/X11Platform.h"
 
-#include "KeyCodes.h"
-#include "OpenX11Platform.h"
-#include "X11View.h"
+#include "toolkit/platform/KeyCodes.h"
+#include "toolkit/platform/x11/OpenX11Platform.h"
+#include "toolkit/platform/x11/X11View.h"
 
 #include <X11/Xatom.h>
 #include <X11/Xutil.h>

@@ -4,7 +4,7 @@
 // that runs the toolkit's main-thread work.
 #pragma once
 
-#include "NativePlatform.h"
+#include "toolkit/platform/NativePlatform.h"
 
 #include <X11/Xlib.h>
 

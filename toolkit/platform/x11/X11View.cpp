@@ -1,7 +1,7 @@
-#include "X11View.h"
+#include "toolkit/platform/x11/X11View.h"
 
-#include "KeyCodes.h"
-#include "KeyTranslation.h"
+#include "toolkit/platform/KeyCodes.h"
+#include "toolkit/platform/KeyTranslation.h"
 
 #include <X11/Xatom.h>
 #include <X11/Xutil.h>

@@ -3,7 +3,7 @@
 // native layer's events.
 #pragma once
 
-#include "X11Platform.h"
+#include "toolkit/platform/x11/X11Platform.h"
 
 #include <X11/Xlib.h>
 #include <cairo.h>
