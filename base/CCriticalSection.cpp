@@ -8,8 +8,14 @@ CCriticalSection::CCriticalSection() {
     pthread_mutexattr_destroy(&attributes);
 }
 
-CCriticalSection::~CCriticalSection() { pthread_mutex_destroy(&m_mutex); }
+CCriticalSection::~CCriticalSection() {
+    pthread_mutex_destroy(&m_mutex);
+}
 
-bool CCriticalSection::Lock() { return pthread_mutex_lock(&m_mutex) == 0; }
+bool CCriticalSection::Lock() {
+    return pthread_mutex_lock(&m_mutex) == 0;
+}
 
-bool CCriticalSection::Unlock() { return pthread_mutex_unlock(&m_mutex) == 0; }
+bool CCriticalSection::Unlock() {
+    return pthread_mutex_unlock(&m_mutex) == 0;
+}

@@ -1,9 +1,9 @@
 #include "bench/EditorSession.h"
 
-#include "effect/AZephyra.h"
 #include "bench/BenchSettings.h"
-#include "toolkit/driver/CHeadlessDriver.h"
 #include "editor/CZephyraEditor.h"
+#include "effect/AZephyra.h"
+#include "toolkit/driver/CHeadlessDriver.h"
 #include "tools/EditorWindow.h"
 
 #include <cmath>

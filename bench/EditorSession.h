@@ -2,8 +2,8 @@
 // on either screen the editor can open on: the in-memory one or the X server of DISPLAY.
 #pragma once
 
-#include "tools/HostState.h"
 #include "host/Vst2Interface.h"
+#include "tools/HostState.h"
 
 #include <memory>
 #include <vector>

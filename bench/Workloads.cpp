@@ -1,10 +1,10 @@
 #include "bench/Workloads.h"
 
 #include "bench/BenchSettings.h"
-#include "dsp/CMultiEqualizer.h"
 #include "bench/PlainEffect.h"
-#include "tools/PluginInstance.h"
 #include "bench/RecursionBound.h"
+#include "dsp/CMultiEqualizer.h"
+#include "tools/PluginInstance.h"
 
 #include <cstring>
 #include <random>

@@ -8,8 +8,8 @@
 // (value * 65536): 1000 Hz is 65536000, Q 1.0 is 65536, -6 dB is -393216.
 #pragma once
 
-#include "dsp/CBiquadFilter.h"
 #include "base/CCriticalSection.h"
+#include "dsp/CBiquadFilter.h"
 #include "dsp/StereoPass.h"
 #include "dsp/tWAVEFORMATEX.h"
 

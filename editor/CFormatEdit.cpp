@@ -1,7 +1,7 @@
 #include "editor/CFormatEdit.h"
 
-#include "toolkit/platform/KeyCodes.h"
 #include "toolkit/WinMessages.h"
+#include "toolkit/platform/KeyCodes.h"
 
 #include <cfloat>
 #include <climits>

@@ -1,7 +1,7 @@
 #include "editor/CNormalFloatEdit.h"
 
-#include "toolkit/platform/KeyCodes.h"
 #include "editor/PanelIds.h"
+#include "toolkit/platform/KeyCodes.h"
 
 #include <cmath>
 #include <cstdio>

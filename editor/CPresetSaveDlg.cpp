@@ -1,7 +1,7 @@
 #include "editor/CPresetSaveDlg.h"
 
-#include "effect/AZephyraProgram.h"
 #include "base/SJIS.h"
+#include "effect/AZephyraProgram.h"
 #include "toolkit/WinControlIds.h"
 #include "toolkit/WinStyles.h"
 

@@ -3,11 +3,11 @@
 // Made by the panel for one save; the panel saves when the dialog ends with IDOK.
 #pragma once
 
+#include "base/CString.h"
+#include "effect/ZephyraEditorSeam.h"
 #include "toolkit/CComboBox.h"
 #include "toolkit/CDialog.h"
-#include "base/CString.h"
 #include "toolkit/MessageMap.h"
-#include "effect/ZephyraEditorSeam.h"
 
 class CPresetSaveDlg : public CDialog {
 public:

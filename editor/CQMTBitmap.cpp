@@ -1,7 +1,7 @@
 #include "editor/CQMTBitmap.h"
 
-#include "toolkit/BitmapResources.h"
 #include "editor/ZephyraBundle.h"
+#include "toolkit/BitmapResources.h"
 
 bool CQMTBitmap::LoadResourceBitmap(const char* id, void**) {
     RegisterZephyraBundle();

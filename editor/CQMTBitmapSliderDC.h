@@ -4,10 +4,10 @@
 // ends. Owned by the panel like the knobs.
 #pragma once
 
-#include "toolkit/CDC.h"
 #include "editor/CQMTBitmap.h"
 #include "editor/CQMTDragControl.h"
 #include "editor/QMTControlCallback.h"
+#include "toolkit/CDC.h"
 
 class CQMTBitmapSliderDC : public CQMTDragControl {
 public:

@@ -4,11 +4,11 @@
 // radio buttons. Owned by the panel like the knobs.
 #pragma once
 
-#include "toolkit/CDC.h"
-#include "editor/CQMTBitmap.h"
 #include "base/CRect.h"
-#include "toolkit/CWnd.h"
+#include "editor/CQMTBitmap.h"
 #include "editor/QMTControlCallback.h"
+#include "toolkit/CDC.h"
+#include "toolkit/CWnd.h"
 
 class CQMTBitmapSwitch2DC {
 public:

@@ -4,8 +4,8 @@
 // control, forwards the mouse to it and hands it a DC to draw into.
 #pragma once
 
-#include "toolkit/CDC.h"
 #include "base/CRect.h"
+#include "toolkit/CDC.h"
 #include "toolkit/CWnd.h"
 
 class CQMTDragControl {

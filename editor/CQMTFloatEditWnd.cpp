@@ -1,8 +1,8 @@
 #include "editor/CQMTFloatEditWnd.h"
 
+#include "editor/PanelIds.h"
 #include "toolkit/CDC.h"
 #include "toolkit/CPaintDC.h"
-#include "editor/PanelIds.h"
 #include "toolkit/WinStyles.h"
 
 namespace {

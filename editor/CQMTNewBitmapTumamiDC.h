@@ -3,10 +3,10 @@
 // panel owns it, forwards the mouse to it and hands it a DC to draw into.
 #pragma once
 
-#include "toolkit/CDC.h"
 #include "editor/CQMTBitmap.h"
 #include "editor/CQMTDragControl.h"
 #include "editor/QMTControlCallback.h"
+#include "toolkit/CDC.h"
 
 class CQMTNewBitmapTumamiDC : public CQMTDragControl {
 public:

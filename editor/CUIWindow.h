@@ -6,16 +6,16 @@
 // reports from other threads reaches it through the editor's PendingPanelUpdates.
 #pragma once
 
-#include "toolkit/CFont.h"
 #include "editor/CQMTBitmap.h"
 #include "editor/CQMTBitmapSliderDC.h"
 #include "editor/CQMTBitmapSwitch2DC.h"
 #include "editor/CQMTFloatEditWnd.h"
 #include "editor/CQMTNewBitmapTumamiDC.h"
-#include "toolkit/CWnd.h"
-#include "toolkit/MessageMap.h"
 #include "editor/UIWindowLayout.h"
 #include "effect/ZephyraEditorSeam.h"
+#include "toolkit/CFont.h"
+#include "toolkit/CWnd.h"
+#include "toolkit/MessageMap.h"
 
 #include <array>
 #include <cstdint>

@@ -1,12 +1,14 @@
 // What the panel does with the mouse: typed entry over the read-outs, knobs and sliders
 // dragged, switches clicked, the copy-program menu, the save dialog and the program lamp.
-#include "effect/AZephyraProgram.h"
-#include "toolkit/CClientDC.h"
-#include "toolkit/CMenu.h"
+#include "base/SJIS.h"
 #include "editor/CPresetSaveDlg.h"
 #include "editor/CUIWindow.h"
 #include "editor/CZephyraEditor.h"
-#include "base/SJIS.h"
+#include "effect/AZephyraProgram.h"
+#include "effect/StringTable.h"
+#include "toolkit/AfxMessageBox.h"
+#include "toolkit/CClientDC.h"
+#include "toolkit/CMenu.h"
 #include "toolkit/WinControlIds.h"
 #include "toolkit/WinStyles.h"
 
@@ -189,8 +191,9 @@ void CUIWindow::SaveWithDialog() {
     auto dialog = std::make_unique<CPresetSaveDlg>(nullptr, Effect());
     const CPresetSaveDlg& chosen = *dialog;
     AfxRunKeptDialog(this, std::move(dialog), [this, &chosen](int result) {
-        if (result == IDOK)
-            Effect()->SaveProgram(chosen.GetChosenProgram(), chosen.GetChosenName());
+        if (result == IDOK &&
+            !Effect()->SaveProgram(chosen.GetChosenProgram(), chosen.GetChosenName()))
+            AfxMessageBox(LoadStringResource(kStringBankSaveFailed));
         DeliverPendingUpdates();
     });
 }

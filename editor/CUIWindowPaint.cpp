@@ -1,10 +1,10 @@
 // The panel's painting: background, read-outs, meters and lamps composed off-screen and
 // copied at once, then the controls straight onto the window.
-#include "toolkit/CClientDC.h"
-#include "toolkit/CPaintDC.h"
 #include "editor/CUIWindow.h"
 #include "editor/CZephyraEditor.h"
 #include "editor/MeterScale.h"
+#include "toolkit/CClientDC.h"
+#include "toolkit/CPaintDC.h"
 
 namespace {
 // Read-outs sit this much lower than centred, to suit the wells of the background.

@@ -1,7 +1,7 @@
 // How values travel between the panel's controls and the effect.
-#include "toolkit/CClientDC.h"
 #include "editor/CUIWindow.h"
 #include "editor/CZephyraEditor.h"
+#include "toolkit/CClientDC.h"
 
 namespace {
 

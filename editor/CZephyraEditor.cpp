@@ -1,9 +1,9 @@
 #include "editor/CZephyraEditor.h"
 
-#include "effect/AZephyra.h"
 #include "editor/CUIWindow.h"
-#include "toolkit/FallbackIdleDriver.h"
 #include "editor/UIWindowLayout.h"
+#include "effect/AZephyra.h"
+#include "toolkit/FallbackIdleDriver.h"
 
 #include <mutex>
 

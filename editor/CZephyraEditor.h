@@ -3,10 +3,10 @@
 // it and keeps it for its whole life; the panel exists only while the editor is open.
 #pragma once
 
-#include "toolkit/CFrameWnd.h"
 #include "editor/CQMTBitmap.h"
 #include "editor/PendingPanelUpdates.h"
 #include "effect/ZephyraEditorSeam.h"
+#include "toolkit/CFrameWnd.h"
 
 #include <atomic>
 #include <memory>

@@ -1,8 +1,8 @@
 // What the module adds to the effect: its application object and an effect with the
 // editor wired in.
-#include "effect/AZephyra.h"
 #include "editor/CVeZephyra.h"
 #include "editor/CZephyraEditor.h"
+#include "effect/AZephyra.h"
 
 CVeZephyra theApp;
 

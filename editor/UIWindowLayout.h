@@ -3,9 +3,9 @@
 // (right and bottom exclusive).
 #pragma once
 
+#include "base/WinTypes.h"
 #include "editor/PanelGeometry.h"
 #include "editor/PanelIds.h"
-#include "base/WinTypes.h"
 #include "effect/ZephyraParameters.h"
 
 constexpr RECT ToRect(const PixelRect& rect) {

@@ -3,16 +3,16 @@
 // point; the host frees it through effClose.
 #pragma once
 
-#include "effect/AZephyraProgram.h"
-#include "host/AudioEffectX.h"
-#include "effect/BankFile.h"
 #include "base/CCriticalSection.h"
 #include "base/CString.h"
+#include "dsp/tWAVEFORMATEX.h"
+#include "effect/AZephyraProgram.h"
+#include "effect/BankFile.h"
 #include "effect/HostQuirks.h"
 #include "effect/RelaxedAtomic.h"
 #include "effect/ZephyraEditorSeam.h"
 #include "effect/ZephyraParameters.h"
-#include "dsp/tWAVEFORMATEX.h"
+#include "host/AudioEffectX.h"
 
 #include <cstdint>
 #include <string>
@@ -69,7 +69,7 @@ public:
     void SetFactoryProgram();
     // Stores the current program as program destination under the name and writes the
     // bank to the user's default bank file.
-    void SaveProgram(int destination, CString name) override;
+    bool SaveProgram(int destination, CString name) override;
     // Imports the legacy program list into the current bank.
     void Convert();
     // The import from a given list; each program file is programPathPrefix + name + ".PGM"

@@ -2,10 +2,8 @@
 // when the user saves a program.
 #include "effect/AZephyra.h"
 
-#include "base/AfxMessageBox.h"
 #include "base/CFileFind.h"
 #include "base/PlatformFolders.h"
-#include "effect/StringTable.h"
 
 #include <cstdio>
 #include <cstring>
@@ -84,9 +82,9 @@ void AZephyra::SetFactoryProgram() {
     }
 }
 
-void AZephyra::SaveProgram(int destination, CString name) {
+bool AZephyra::SaveProgram(int destination, CString name) {
     if (destination < 0 || destination >= kNumPrograms) {
-        return;
+        return true;
     }
     const std::string path = FileURLToPath(PreferencesFolderURL()) + kDefaultBankFileName;
     const int source = curProgram;
@@ -102,10 +100,9 @@ void AZephyra::SaveProgram(int destination, CString name) {
     setProgram(destination);
     m_currentBank.StoreProgramNumber(curProgram);
 
-    if (!writeBankFile(path)) {
-        AfxMessageBox(LoadStringResource(kStringBankSaveFailed));
-    }
+    const bool written = writeBankFile(path);
     requestHostDisplayUpdate();
+    return written;
 }
 
 // Writes beside the old file and renames over it, so a failure at any point leaves the

@@ -5,8 +5,8 @@
 // does not depend on how the effect is hosted.
 #pragma once
 
-#include "host/AEffEditor.h"
 #include "base/CString.h"
+#include "host/AEffEditor.h"
 
 #include <cstdint>
 
@@ -28,7 +28,8 @@ public:
     virtual void GetVU(float* inL, float* inR, float* outL, float* outR) = 0;
 
     // Programs: the current one, names as stored (Shift-JIS), whether it was edited, and
-    // what the panel does with programs (revert, restore factory values, copy, save).
+    // what the panel does with programs (revert, restore factory values, copy, save). A save
+    // says whether the default bank file was written; the panel tells the user when not.
     virtual int32_t getProgram() = 0;
     virtual const char* GetProgramNameBytes(int program) const = 0;
     virtual bool IsProgramChanged() = 0;
@@ -36,7 +37,7 @@ public:
     virtual void ProgramToFactory() = 0;
     virtual void ProgramToAllFactory() = 0;
     virtual void CopyPgFrom(int source) = 0;
-    virtual void SaveProgram(int destination, CString name) = 0;
+    virtual bool SaveProgram(int destination, CString name) = 0;
 
 protected:
     ~ZephyraEditorEffect() = default;

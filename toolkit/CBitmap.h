@@ -3,8 +3,8 @@
 // image.
 #pragma once
 
-#include "toolkit/CGdiObject.h"
 #include "base/WinTypes.h"
+#include "toolkit/CGdiObject.h"
 
 #include <cairo.h>
 

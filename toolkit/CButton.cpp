@@ -1,10 +1,10 @@
 #include "toolkit/CButton.h"
 
 #include "toolkit/CPaintDC.h"
-#include "toolkit/platform/KeyCodes.h"
 #include "toolkit/ToolkitTheme.h"
 #include "toolkit/WinMessages.h"
 #include "toolkit/WinStyles.h"
+#include "toolkit/platform/KeyCodes.h"
 
 BEGIN_MESSAGE_MAP(CButton, CWnd)
 ON_WM_PAINT()

@@ -1,10 +1,10 @@
 #include "toolkit/CComboBox.h"
 
 #include "toolkit/CPaintDC.h"
-#include "toolkit/platform/KeyCodes.h"
 #include "toolkit/PopupListWnd.h"
 #include "toolkit/ToolkitTheme.h"
 #include "toolkit/WinMessages.h"
+#include "toolkit/platform/KeyCodes.h"
 
 #include <algorithm>
 

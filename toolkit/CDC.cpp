@@ -1,7 +1,7 @@
 #include "toolkit/CDC.h"
 
-#include "toolkit/CWnd.h"
 #include "base/Diagnostic.h"
+#include "toolkit/CWnd.h"
 #include "toolkit/PostedMessageRing.h"
 
 #include <algorithm>

@@ -4,15 +4,15 @@
 // drawing lives on the stack for that drawing; an off-screen DC lives with its owner.
 #pragma once
 
-#include "toolkit/CBitmap.h"
-#include "toolkit/CFont.h"
-#include "toolkit/CObject.h"
 #include "base/CPoint.h"
 #include "base/CRect.h"
 #include "base/CSize.h"
 #include "base/CString.h"
-#include "toolkit/TouchedArea.h"
 #include "base/WinTypes.h"
+#include "toolkit/CBitmap.h"
+#include "toolkit/CFont.h"
+#include "toolkit/CObject.h"
+#include "toolkit/TouchedArea.h"
 
 #include <cairo.h>
 #include <cstdint>

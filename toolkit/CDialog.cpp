@@ -1,13 +1,12 @@
 #include "toolkit/CDialog.h"
 
+#include "base/Diagnostic.h"
 #include "toolkit/CButton.h"
 #include "toolkit/CComboBox.h"
 #include "toolkit/CEdit.h"
 #include "toolkit/CFrameWnd.h"
 #include "toolkit/CPaintDC.h"
 #include "toolkit/CStatic.h"
-#include "base/Diagnostic.h"
-#include "toolkit/platform/KeyCodes.h"
 #include "toolkit/MFCView0.h"
 #include "toolkit/MessagePump.h"
 #include "toolkit/OwnedWindows.h"
@@ -15,6 +14,7 @@
 #include "toolkit/WinControlIds.h"
 #include "toolkit/WinMessages.h"
 #include "toolkit/WinStyles.h"
+#include "toolkit/platform/KeyCodes.h"
 
 #include <algorithm>
 #include <cerrno>

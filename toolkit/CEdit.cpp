@@ -2,11 +2,11 @@
 
 #include "toolkit/CPaintDC.h"
 #include "toolkit/CSpinButtonCtrl.h"
-#include "toolkit/platform/KeyCodes.h"
 #include "toolkit/ToolkitTheme.h"
 #include "toolkit/Utf8.h"
 #include "toolkit/WinMessages.h"
 #include "toolkit/WinStyles.h"
+#include "toolkit/platform/KeyCodes.h"
 
 #include <algorithm>
 #include <cstdlib>

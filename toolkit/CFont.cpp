@@ -3,7 +3,6 @@
 #include "base/Diagnostic.h"
 #include "toolkit/FontCatalog.h"
 
-
 bool CFont::CreatePointFont(int pointSize, const char* faceName, CDC*) {
     const FontFace* face = FindFontFace(faceName);
     if (!face) {

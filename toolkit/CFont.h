@@ -2,8 +2,8 @@
 // text placement uses. The handle names a face of the font catalog, which owns it.
 #pragma once
 
-#include "toolkit/CGdiObject.h"
 #include "base/CString.h"
+#include "toolkit/CGdiObject.h"
 
 class CDC;
 struct FontFace;

@@ -1,11 +1,8 @@
 #include "toolkit/CFrameWnd.h"
 
-#include "base/AfxMessageBox.h"
-#include "toolkit/CMessageBoxDlg.h"
 #include "toolkit/MFCView0.h"
 #include "toolkit/MessagePump.h"
 #include "toolkit/PostedMessageRing.h"
-#include "toolkit/WinControlIds.h"
 
 #include <algorithm>
 #include <vector>
@@ -18,17 +15,8 @@ std::vector<CFrameWnd*>& AttachedFrames() {
     return frames;
 }
 
-// The box stays up after the call returns, kept for the window it belongs to; it goes when
-// read or with that window.
-int ShowMessageBoxDialog(const char* text) {
-    AfxRunKeptDialog(AfxGetMainWnd(), std::make_unique<CMessageBoxDlg>(text), nullptr);
-    return IDOK;
-}
-
-// While a host window is open, messages are shown as dialogs.
 void Attached(CFrameWnd* frame) {
     AttachedFrames().push_back(frame);
-    SetMessageBoxHandler(ShowMessageBoxDialog);
 }
 
 void Detached(CFrameWnd* frame) {
@@ -37,8 +25,6 @@ void Detached(CFrameWnd* frame) {
     if (found == frames.end())
         return;
     frames.erase(found);
-    if (frames.empty())
-        SetMessageBoxHandler(nullptr);
 }
 
 } // namespace

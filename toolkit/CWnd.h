@@ -4,13 +4,13 @@
 // CWnd owns the object; the window (view) goes with DestroyWindow or the destructor.
 #pragma once
 
-#include "toolkit/CCmdTarget.h"
-#include "toolkit/CFont.h"
 #include "base/CPoint.h"
 #include "base/CRect.h"
 #include "base/CSize.h"
 #include "base/CString.h"
 #include "base/WinTypes.h"
+#include "toolkit/CCmdTarget.h"
+#include "toolkit/CFont.h"
 
 #include <atomic>
 #include <cairo.h>

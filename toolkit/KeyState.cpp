@@ -1,6 +1,6 @@
 #include "toolkit/CWnd.h"
-#include "toolkit/platform/KeyCodes.h"
 #include "toolkit/MessagePump.h"
+#include "toolkit/platform/KeyCodes.h"
 
 unsigned GetCurrentKeyModifiers0() {
     unsigned modifiers = 0;

@@ -8,8 +8,8 @@
 #include "base/CRect.h"
 #include "base/CSize.h"
 #include "toolkit/ClickCounter.h"
-#include "toolkit/platform/NativePlatform.h"
 #include "toolkit/TouchedArea.h"
+#include "toolkit/platform/NativePlatform.h"
 
 #include <cairo.h>
 #include <cstdint>

@@ -3,8 +3,8 @@
 // its bases and takes the first entry that matches.
 #pragma once
 
-#include "toolkit/WinMessages.h"
 #include "base/WinTypes.h"
+#include "toolkit/WinMessages.h"
 
 #include <cstdint>
 #include <cstring>

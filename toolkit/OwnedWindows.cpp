@@ -27,8 +27,9 @@ void AfxKeepOwnedWindow(const CWnd* owner, std::unique_ptr<CWnd> window) {
 // which changes the list again.
 bool AfxReleaseOwnedWindow(const CWnd* window) {
     auto& kept = Kept();
-    const auto found = std::find_if(kept.begin(), kept.end(),
-                                    [window](const OwnedWindow& k) { return k.window.get() == window; });
+    const auto found = std::find_if(kept.begin(), kept.end(), [window](const OwnedWindow& k) {
+        return k.window.get() == window;
+    });
     if (found == kept.end())
         return false;
     std::unique_ptr<CWnd> leaving = std::move(found->window);

@@ -1,7 +1,7 @@
 #include "toolkit/PostedMessageRing.h"
 
-#include "toolkit/CWnd.h"
 #include "base/Diagnostic.h"
+#include "toolkit/CWnd.h"
 #include "toolkit/WinMessages.h"
 
 PostedMessageSlot g_pEventVST[kPostedMessageSlots];

@@ -2,8 +2,8 @@
 // scales. The controls are pasted over it without blending, so the places they cover stay
 // the flat plate colour their own bitmaps are drawn on.
 
-#include "resources/artwork/Artwork.h"
 #include "editor/PanelGeometry.h"
+#include "resources/artwork/Artwork.h"
 
 #include <algorithm>
 #include <string>

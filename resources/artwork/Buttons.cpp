@@ -1,8 +1,8 @@
 // The header's single-frame pictures: the save button and the program-edited lamp, plus
 // the one bitmap the panel loads without drawing.
 
-#include "resources/artwork/Artwork.h"
 #include "editor/PanelGeometry.h"
+#include "resources/artwork/Artwork.h"
 
 namespace {
 

@@ -1,7 +1,7 @@
 // The knob: 61 frames stacked top to bottom, shared by all six knobs of the panel.
 
-#include "resources/artwork/Artwork.h"
 #include "editor/PanelGeometry.h"
+#include "resources/artwork/Artwork.h"
 
 #include <cmath>
 

@@ -2,8 +2,8 @@
 // column from the level's row down over the unlit one, so each row must already carry the
 // colour of the level it stands for.
 
-#include "resources/artwork/Artwork.h"
 #include "editor/PanelGeometry.h"
+#include "resources/artwork/Artwork.h"
 
 namespace {
 

@@ -2,8 +2,8 @@
 // the slot's left edge and cuts off whatever passes the right edge, so the cap's body sits
 // in its leftmost columns to come out centred over the slot.
 
-#include "resources/artwork/Artwork.h"
 #include "editor/PanelGeometry.h"
+#include "resources/artwork/Artwork.h"
 
 namespace {
 

@@ -2,8 +2,8 @@
 // Each bitmap holds a released frame above a pressed one; the panel picks the lit or the
 // dark bitmap by the switch's state.
 
-#include "resources/artwork/Artwork.h"
 #include "editor/PanelGeometry.h"
+#include "resources/artwork/Artwork.h"
 
 #include <cmath>
 

@@ -349,6 +349,18 @@ TEST_F(PanelInteraction, ALongNameIsSavedInShiftJisCutWithoutHalfACharacter) {
     EXPECT_STREQ(effect.GetProgramNameBytes(0), "abcdefghijklmnopqrstuv");
 }
 
+TEST_F(PanelInteraction, ASaveThatCannotWriteTheBankFileSaysSoOverThePanel) {
+    // A folder where the file should be: the write fails even for a privileged user.
+    std::filesystem::create_directory(preferences / "ZephyraDef.fxb");
+    WithSaveDialog([](CPresetSaveDlg& dialog) { dialog.OnOK(); });
+    CWnd* focus = CWnd::GetFocus();
+    ASSERT_NE(focus, nullptr) << "a message box is up";
+    CString message;
+    focus->GetParent()->GetDlgItemText(0xFFFF, message);
+    EXPECT_EQ(message, "The default bank file could not be written.");
+    EXPECT_EQ(focus->GetParent()->GetParent(), &Panel()) << "shown over the panel";
+}
+
 TEST_F(PanelInteraction, TheLampLightsAfterAnEditAndAClickOnItRevertsTheProgram) {
     effect.open();
     Idle();

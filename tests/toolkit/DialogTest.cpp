@@ -1,4 +1,4 @@
-#include "base/AfxMessageBox.h"
+#include "toolkit/AfxMessageBox.h"
 #include "toolkit/CButton.h"
 #include "toolkit/CComboBox.h"
 #include "toolkit/CDialog.h"

@@ -1,9 +1,9 @@
 #include "toolkit/driver/CHeadlessDriver.h"
 
 #include "toolkit/CWnd.h"
-#include "toolkit/platform/KeyTranslation.h"
 #include "toolkit/MFCView0.h"
 #include "toolkit/MessagePump.h"
+#include "toolkit/platform/KeyTranslation.h"
 #include "toolkit/platform/headless/HeadlessView.h"
 
 #include <algorithm>
