@@ -114,34 +114,26 @@ bool CMultiEqualizer::set_Type(int band, int type) {
     return true;
 }
 
-bool CMultiEqualizer::set_Gain(int band, int gainDb) {
+bool CMultiEqualizer::SetBandSetting(int band, float* settings, float value) {
     CSingleLock lock(m_lock);
     if (!IsBand(band)) {
         return false;
     }
-    m_bandGain[band] = FromFixed(gainDb);
+    settings[band] = value;
     DesignBand(band);
     return true;
+}
+
+bool CMultiEqualizer::set_Gain(int band, int gainDb) {
+    return SetBandSetting(band, m_bandGain, FromFixed(gainDb));
 }
 
 bool CMultiEqualizer::set_Freq(int band, int freqHz) {
-    CSingleLock lock(m_lock);
-    if (!IsBand(band)) {
-        return false;
-    }
-    m_bandFreq[band] = FromFixed(freqHz);
-    DesignBand(band);
-    return true;
+    return SetBandSetting(band, m_bandFreq, FromFixed(freqHz));
 }
 
 bool CMultiEqualizer::set_Q(int band, int q) {
-    CSingleLock lock(m_lock);
-    if (!IsBand(band)) {
-        return false;
-    }
-    m_bandQ[band] = FromFixed(q);
-    DesignBand(band);
-    return true;
+    return SetBandSetting(band, m_bandQ, FromFixed(q));
 }
 
 bool CMultiEqualizer::get_Type(int band, int* type) {

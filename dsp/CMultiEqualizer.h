@@ -96,6 +96,8 @@ private:
     void InitInternalFilters();
     void PrepareWorkingBuffer(int length);
     void DesignBand(int band);
+    // Stores one of a band's settings (gain, frequency or Q) and designs the band anew.
+    bool SetBandSetting(int band, float* settings, float value);
     CBiquadFilter& Filter(int band, int channel) const;
     int ProcessedChannelCount() const;
     bool LeavesBlocksAlone() const;

@@ -15,14 +15,12 @@ void CQMTBitmapSliderDC::Make(const CRect& sliderRect, const CRect& readoutRect,
     m_max = max;
     m_start = start;
     m_end = end;
-    m_id = id;
     m_vertical = vertical;
     m_logarithmic = logarithmic;
     m_reversed = reversed;
     m_thumbHidden = thumbHidden;
     m_snapToEnds = snapToEnds;
-    m_callback = callback;
-    m_user = user;
+    m_notify = {id, callback, user};
     m_value = min;
     m_enabled = true;
     m_backgroundWidth = background ? background->Width() : 0;
@@ -72,8 +70,7 @@ bool CQMTBitmapSliderDC::SetValueByPoint(CPoint point) {
         return false;
     m_value = value;
     InvalidateReadout();
-    if (m_callback)
-        m_callback(static_cast<int>(m_id), value, m_user);
+    m_notify(value);
     return true;
 }
 
@@ -81,8 +78,8 @@ void CQMTBitmapSliderDC::SetValue(float value, CDC* dc, bool notify) {
     value = ClampToRange(value, m_min, m_max);
     if (value != m_value) {
         m_value = value;
-        if (notify && m_callback)
-            m_callback(static_cast<int>(m_id), value, m_user);
+        if (notify)
+            m_notify(value);
     }
     if (dc)
         DrawSlider(dc);

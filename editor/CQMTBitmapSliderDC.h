@@ -44,7 +44,6 @@ private:
     float m_max = 0.0f;
     CPoint m_start;
     CPoint m_end;
-    unsigned int m_id = 0;
     int m_vertical = 0;
     CQMTBitmap* m_background = nullptr;
     CQMTBitmap* m_thumb = nullptr;
@@ -56,7 +55,6 @@ private:
     bool m_snapToEnds = false;
     int m_backgroundWidth = 0;
     int m_backgroundHeight = 0;
-    QMTControlCallback m_callback = nullptr;
-    void* m_user = nullptr;
+    QMTControlNotifier m_notify;
     bool m_enabled = true;
 };

@@ -18,11 +18,9 @@ void CQMTBitmapSwitch2DC::Make(const CRect& drawRect, CWnd* parent, CQMTBitmap* 
     m_parent = parent;
     m_off = off;
     m_on = on;
-    m_id = id;
     m_latching = latching;
     m_mask = mask;
-    m_callback = callback;
-    m_user = user;
+    m_notify = {id, callback, user};
     m_state = 0;
     m_pressed = false;
     m_selected = false;
@@ -34,8 +32,8 @@ void CQMTBitmapSwitch2DC::SetValue(int value, bool notify) {
     if (!m_enabled || (m_latching && m_state != 0) || value == m_state)
         return;
     m_state = value;
-    if (notify && m_callback)
-        m_callback(static_cast<int>(m_id), static_cast<float>(value), m_user);
+    if (notify)
+        m_notify(static_cast<float>(value));
 }
 
 bool CQMTBitmapSwitch2DC::PtInSwitch(CPoint point) const {

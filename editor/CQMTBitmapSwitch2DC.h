@@ -45,7 +45,6 @@ private:
     void CopyFrame(CDC* dc, CQMTBitmap* source, int width, int height, int sourceRow);
     void DrawThroughMask(CDC* dc, CQMTBitmap* source, int width, int height, int sourceRow);
 
-    unsigned int m_id = 0;
     bool m_pressed = false;
     bool m_latching = false;
     CQMTBitmap* m_off = nullptr;
@@ -58,6 +57,5 @@ private:
     CRect m_hitRect;
     CRect m_drawRect;
     CWnd* m_parent = nullptr;
-    QMTControlCallback m_callback = nullptr;
-    void* m_user = nullptr;
+    QMTControlNotifier m_notify;
 };

@@ -17,12 +17,10 @@ void CQMTNewBitmapTumamiDC::Make(const CRect& knobRect, const CRect& readoutRect
     m_strip = strip;
     m_min = min;
     m_max = max;
-    m_id = id;
     m_angleFrom = angleFrom;
     m_angleTo = angleTo;
     m_logarithmic = logarithmic;
-    m_callback = callback;
-    m_user = user;
+    m_notify = {id, callback, user};
     m_value = kNoDragValue;
     m_lastDragValue = kNoDragValue;
     SetValue(min + 0.5f * (max - min), nullptr, false);
@@ -37,8 +35,8 @@ void CQMTNewBitmapTumamiDC::SetValue(float value, CDC* dc, bool notify) {
     m_angle = m_angleFrom +
               static_cast<double>(m_angleTo - m_angleFrom) * (value - m_min) / (m_max - m_min);
     m_lastDragValue = value;
-    if (notify && m_callback)
-        m_callback(static_cast<int>(m_id), value, m_user);
+    if (notify)
+        m_notify(value);
     if (dc)
         Draw(dc);
     InvalidateReadout();
@@ -85,8 +83,7 @@ void CQMTNewBitmapTumamiDC::SetValue(CPoint point) {
     m_angle = angle;
     InvalidateReadout();
     // A drag reports every move, changed or not.
-    if (m_callback)
-        m_callback(static_cast<int>(m_id), m_value, m_user);
+    m_notify(m_value);
 }
 
 int CQMTNewBitmapTumamiDC::FrameIndex() const {

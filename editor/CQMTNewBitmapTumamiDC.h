@@ -40,7 +40,6 @@ private:
     // After a release: neither end guard applies.
     static constexpr float kReleasedDragValue = -1.0f;
 
-    unsigned int m_id = 0;
     CQMTBitmap* m_strip = nullptr;
     float m_min = 0.0f;
     float m_max = 0.0f;
@@ -51,6 +50,5 @@ private:
     float m_lastDragValue = kNoDragValue;
     float m_step = 0.0f;
     bool m_logarithmic = false;
-    QMTControlCallback m_callback = nullptr;
-    void* m_user = nullptr;
+    QMTControlNotifier m_notify;
 };

@@ -4,3 +4,15 @@
 #pragma once
 
 using QMTControlCallback = bool (*)(int id, float value, void* user);
+
+// A control's id with whom it tells of a change: calling it reports a value.
+struct QMTControlNotifier {
+    unsigned int id = 0;
+    QMTControlCallback callback = nullptr;
+    void* user = nullptr;
+
+    void operator()(float value) const {
+        if (callback)
+            callback(static_cast<int>(id), value, user);
+    }
+};

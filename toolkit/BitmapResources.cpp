@@ -63,13 +63,7 @@ ImageRef Decode(const EmbeddedResource& resource) {
     }
     if (cairo_image_surface_get_format(decoded) == CAIRO_FORMAT_ARGB32)
         return decoded;
-    cairo_surface_t* image =
-        cairo_image_surface_create(CAIRO_FORMAT_ARGB32, cairo_image_surface_get_width(decoded),
-                                   cairo_image_surface_get_height(decoded));
-    cairo_t* cr = cairo_create(image);
-    cairo_set_source_surface(cr, decoded, 0, 0);
-    cairo_paint(cr);
-    cairo_destroy(cr);
+    cairo_surface_t* image = CopyAsImage(decoded);
     cairo_surface_destroy(decoded);
     return image;
 }

@@ -10,6 +10,9 @@
 
 using ImageRef = cairo_surface_t*;
 
+// A new image holding the pixels of any surface, which is left as it is.
+ImageRef CopyAsImage(cairo_surface_t* source);
+
 class CBitmap : public CGdiObject {
 public:
     ~CBitmap() override;

@@ -148,13 +148,7 @@ bool CDC::Blit(int x, int y, int width, int height, CDC* source, int sx, int sy,
     }
     // A DC copying from its own image draws from a snapshot.
     if (image == m_bitmapSurface) {
-        cairo_surface_t* copy =
-            cairo_image_surface_create(CAIRO_FORMAT_ARGB32, cairo_image_surface_get_width(image),
-                                       cairo_image_surface_get_height(image));
-        cairo_t* cr = cairo_create(copy);
-        cairo_set_source_surface(cr, image, 0, 0);
-        cairo_paint(cr);
-        cairo_destroy(cr);
+        cairo_surface_t* copy = CopyAsImage(image);
         cairo_surface_destroy(image);
         image = copy;
     }

@@ -10,8 +10,14 @@ void SetSourceColor(cairo_t* cr, COLORREF color) {
                          GetBValue(color) / 255.0);
 }
 
+// A rectangle whose corners are quarter circles; a radius of 0 or less gives the plain
+// rectangle.
 void RoundRectPath(cairo_t* cr, double left, double top, double width, double height,
                    double radius) {
+    if (radius <= 0.0) {
+        cairo_rectangle(cr, left, top, width, height);
+        return;
+    }
     radius = std::min({radius, width / 2.0, height / 2.0});
     const double right = left + width;
     const double bottom = top + height;
@@ -26,17 +32,7 @@ void RoundRectPath(cairo_t* cr, double left, double top, double width, double he
 } // namespace
 
 void CDC::FillSolidRect(const RECT& rect, COLORREF color) {
-    cairo_t* cr = GetSafeContext();
-    if (!cr)
-        return;
-    CRect box(rect);
-    box.OffsetRect(m_origin);
-    cairo_save(cr);
-    SetSourceColor(cr, color);
-    cairo_rectangle(cr, box.left, box.top, box.Width(), box.Height());
-    cairo_fill(cr);
-    cairo_restore(cr);
-    Touch(box);
+    FillRoundRect(rect, 0.0, color);
 }
 
 void CDC::FillRoundRect(const RECT& rect, double radius, COLORREF color) {

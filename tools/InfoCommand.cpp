@@ -27,70 +27,36 @@ std::string joined(const std::vector<std::string>& words) {
 void writeJson(const PluginFacts& facts) {
     JsonWriter json(results());
     json.beginObject();
-    json.key("path");
-    json.value(facts.path);
-    json.key("name");
-    json.value(facts.name);
-    json.key("vendor");
-    json.value(facts.vendor);
-    json.key("product");
-    json.value(facts.product);
-    json.key("vendorVersion");
-    json.value(facts.vendorVersion);
-    json.key("uniqueId");
-    json.value(fourCharacterText(facts.uniqueId));
-    json.key("uniqueIdNumber");
-    json.value(static_cast<long>(facts.uniqueId));
-    json.key("version");
-    json.value(static_cast<long>(facts.version));
-    json.key("vstVersion");
-    json.value(facts.vstVersion);
-    json.key("category");
-    json.value(categoryName(facts.category));
-    json.key("categoryCode");
-    json.value(facts.category);
-    json.key("inputs");
-    json.value(facts.inputs);
-    json.key("outputs");
-    json.value(facts.outputs);
-    json.key("latency");
-    json.value(facts.latency);
-    json.key("flags");
-    json.beginArray();
-    for (const std::string& flag : facts.flags) {
-        json.value(flag);
-    }
-    json.endArray();
-    json.key("currentProgram");
-    json.value(facts.currentProgram);
-    json.key("programs");
-    json.beginArray();
-    for (const std::string& name : facts.programNames) {
-        json.value(name);
-    }
-    json.endArray();
+    json.member("path", facts.path);
+    json.member("name", facts.name);
+    json.member("vendor", facts.vendor);
+    json.member("product", facts.product);
+    json.member("vendorVersion", facts.vendorVersion);
+    json.member("uniqueId", fourCharacterText(facts.uniqueId));
+    json.member("uniqueIdNumber", static_cast<long>(facts.uniqueId));
+    json.member("version", static_cast<long>(facts.version));
+    json.member("vstVersion", facts.vstVersion);
+    json.member("category", categoryName(facts.category));
+    json.member("categoryCode", facts.category);
+    json.member("inputs", facts.inputs);
+    json.member("outputs", facts.outputs);
+    json.member("latency", facts.latency);
+    json.member("flags", facts.flags);
+    json.member("currentProgram", facts.currentProgram);
+    json.member("programs", facts.programNames);
     json.key("parameters");
     json.beginArray();
     for (const ParameterFacts& parameter : facts.parameters) {
         json.beginObject();
-        json.key("index");
-        json.value(parameter.index);
-        json.key("name");
-        json.value(parameter.name);
-        json.key("label");
-        json.value(parameter.label);
-        json.key("display");
-        json.value(parameter.display);
-        json.key("value");
-        json.value(static_cast<double>(parameter.value));
-        json.key("properties");
+        json.member("index", parameter.index);
+        json.member("name", parameter.name);
+        json.member("label", parameter.label);
+        json.member("display", parameter.display);
+        json.member("value", static_cast<double>(parameter.value));
         if (parameter.properties) {
-            json.beginArray();
-            for (const std::string& word : *parameter.properties) {
-                json.value(word);
-            }
-            json.endArray();
+            json.member("properties", *parameter.properties);
         } else {
+            json.key("properties");
             json.null();
         }
         json.endObject();

@@ -87,12 +87,7 @@ void JsonWriter::beginObject() {
 }
 
 void JsonWriter::endObject() {
-    const bool hadMembers = hasMembers.back();
-    hasMembers.pop_back();
-    if (hadMembers) {
-        newLine();
-    }
-    std::fputc('}', out);
+    endContainer('}');
 }
 
 void JsonWriter::beginArray() {
@@ -102,12 +97,25 @@ void JsonWriter::beginArray() {
 }
 
 void JsonWriter::endArray() {
+    endContainer(']');
+}
+
+void JsonWriter::endContainer(char close) {
     const bool hadMembers = hasMembers.back();
     hasMembers.pop_back();
     if (hadMembers) {
         newLine();
     }
-    std::fputc(']', out);
+    std::fputc(close, out);
+}
+
+void JsonWriter::member(const std::string& name, const std::vector<std::string>& texts) {
+    key(name);
+    beginArray();
+    for (const std::string& text : texts) {
+        value(text);
+    }
+    endArray();
 }
 
 void JsonWriter::value(const std::string& text) {

@@ -23,11 +23,18 @@ public:
     void value(double number);
     void value(bool flag);
     void null();
+    // A member of the enclosing object: its name and a scalar, or an array of texts.
+    template <typename T> void member(const std::string& name, const T& scalar) {
+        key(name);
+        value(scalar);
+    }
+    void member(const std::string& name, const std::vector<std::string>& texts);
     // Finishes the document with a newline.
     void finish();
 
 private:
     void beforeValue();
+    void endContainer(char close);
     void newLine();
 
     std::FILE* out;

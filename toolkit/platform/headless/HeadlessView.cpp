@@ -1,5 +1,7 @@
 #include "toolkit/platform/headless/HeadlessView.h"
 
+#include "toolkit/platform/CopyArea.h"
+
 #include <algorithm>
 
 namespace native {
@@ -80,13 +82,7 @@ void HeadlessView::Present(cairo_surface_t* pixels, const RECT& area) {
             cairo_surface_destroy(node->shown);
         node->shown = cairo_image_surface_create(CAIRO_FORMAT_ARGB32, width, height);
     }
-    cairo_t* cr = cairo_create(node->shown);
-    cairo_set_operator(cr, CAIRO_OPERATOR_SOURCE);
-    cairo_rectangle(cr, area.left, area.top, area.right - area.left, area.bottom - area.top);
-    cairo_clip(cr);
-    cairo_set_source_surface(cr, pixels, 0, 0);
-    cairo_paint(cr);
-    cairo_destroy(cr);
+    native::CopyArea(pixels, area, node->shown);
 }
 
 void HeadlessView::TakeKeyboardFocus() {

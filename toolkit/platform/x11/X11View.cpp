@@ -1,5 +1,6 @@
 #include "toolkit/platform/x11/X11View.h"
 
+#include "toolkit/platform/CopyArea.h"
 #include "toolkit/platform/KeyCodes.h"
 #include "toolkit/platform/KeyTranslation.h"
 
@@ -285,13 +286,7 @@ void X11View::Present(cairo_surface_t* pixels, const RECT& area) {
         m_surface = cairo_xlib_surface_create(m_display, m_window, DefaultVisual(m_display, screen),
                                               width, height);
     }
-    cairo_t* cr = cairo_create(m_surface);
-    cairo_set_operator(cr, CAIRO_OPERATOR_SOURCE);
-    cairo_rectangle(cr, area.left, area.top, area.right - area.left, area.bottom - area.top);
-    cairo_clip(cr);
-    cairo_set_source_surface(cr, pixels, 0, 0);
-    cairo_paint(cr);
-    cairo_destroy(cr);
+    native::CopyArea(pixels, area, m_surface);
     cairo_surface_flush(m_surface);
     XFlush(m_display);
 }
