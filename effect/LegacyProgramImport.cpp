@@ -5,6 +5,7 @@
 
 #include <cstdlib>
 #include <cstring>
+#include <iterator>
 #include <string>
 
 namespace {
@@ -35,31 +36,22 @@ struct FieldTarget {
     int parameter; // -1 when the field is not a value
 };
 
+constexpr FieldTarget kNowhere = {-1, 0, -1};
+
+// The value line's fields in order: field 0 goes nowhere, then each band's three type flags
+// (low shelf, peak, high shelf) and its gain, frequency and Q; later fields go nowhere.
+// clang-format off
+constexpr FieldTarget kFieldTargets[] = {
+    kNowhere,                                                      // 0
+    {0, 0, -1},           {0, 1, -1},           {0, 2, -1},        // 1-3
+    {-1, 0, kParamGain1}, {-1, 0, kParamFreq1}, {-1, 0, kParamQ1}, // 4-6
+    {1, 0, -1},           {1, 1, -1},           {1, 2, -1},        // 7-9
+    {-1, 0, kParamGain2}, {-1, 0, kParamFreq2}, {-1, 0, kParamQ2}, // 10-12
+};
+// clang-format on
+
 FieldTarget targetOf(uint32_t field) {
-    switch (field) {
-    case 1:
-    case 2:
-    case 3:
-        return {0, static_cast<int>(field) - 1, -1};
-    case 7:
-    case 8:
-    case 9:
-        return {1, static_cast<int>(field) - 7, -1};
-    case 4:
-        return {-1, 0, kParamGain1};
-    case 5:
-        return {-1, 0, kParamFreq1};
-    case 6:
-        return {-1, 0, kParamQ1};
-    case 10:
-        return {-1, 0, kParamGain2};
-    case 11:
-        return {-1, 0, kParamFreq2};
-    case 12:
-        return {-1, 0, kParamQ2};
-    default:
-        return {-1, 0, -1};
-    }
+    return field < std::size(kFieldTargets) ? kFieldTargets[field] : kNowhere;
 }
 
 void applyValueLine(const char* line, TypeFlags& flags, ZephyraProgramRecord& record) {

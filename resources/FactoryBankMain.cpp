@@ -5,10 +5,10 @@
 #include "effect/AZephyra.h"
 #include "effect/AZephyraProgram.h"
 #include "effect/BankFile.h"
+#include "resources/OutputPathArgument.h"
 
 #include <cmath>
 #include <cstdio>
-#include <cstring>
 
 namespace {
 
@@ -72,14 +72,10 @@ void setBand(ZephyraProgramRecord& record, int firstParameter, const Band& band)
 } // namespace
 
 int main(int argc, char** argv) {
-    // The one argument is a path; anything that looks like an option is refused rather
-    // than taken for a file name.
-    const bool help =
-        argc == 2 && (std::strcmp(argv[1], "--help") == 0 || std::strcmp(argv[1], "-h") == 0);
-    if (argc != 2 || argv[1][0] == '-') {
-        std::fprintf(help ? stdout : stderr, "usage: %s OUTPUT.fxb\n", argv[0]);
-        return help ? 0 : 2;
-    }
+    int exitStatus = 0;
+    const char* path = OutputPathArgument(argc, argv, "OUTPUT.fxb", &exitStatus);
+    if (!path)
+        return exitStatus;
     AZephyraProgram bank;
     int program = 0;
     for (const FactoryProgram& preset : kFactoryPrograms) {
@@ -95,10 +91,10 @@ int main(int argc, char** argv) {
     bank.StoreProgramNumber(0);
 
     CFile file;
-    if (!file.Open(argv[1], CFile::modeCreate | CFile::modeWrite | CFile::typeBinary) ||
+    if (!file.Open(path, CFile::modeCreate | CFile::modeWrite | CFile::typeBinary) ||
         !WriteBankFile(file, kZephyraUniqueId, bank.data(), AZephyraProgram::kBytes) ||
         !file.Close()) {
-        std::fprintf(stderr, "%s: cannot write %s\n", argv[0], argv[1]);
+        std::fprintf(stderr, "%s: cannot write %s\n", argv[0], path);
         return 1;
     }
     return 0;

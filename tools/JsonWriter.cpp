@@ -81,9 +81,7 @@ void JsonWriter::key(const std::string& name) {
 }
 
 void JsonWriter::beginObject() {
-    beforeValue();
-    std::fputc('{', out);
-    hasMembers.push_back(false);
+    beginContainer('{');
 }
 
 void JsonWriter::endObject() {
@@ -91,13 +89,17 @@ void JsonWriter::endObject() {
 }
 
 void JsonWriter::beginArray() {
-    beforeValue();
-    std::fputc('[', out);
-    hasMembers.push_back(false);
+    beginContainer('[');
 }
 
 void JsonWriter::endArray() {
     endContainer(']');
+}
+
+void JsonWriter::beginContainer(char open) {
+    beforeValue();
+    std::fputc(open, out);
+    hasMembers.push_back(false);
 }
 
 void JsonWriter::endContainer(char close) {

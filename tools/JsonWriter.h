@@ -34,6 +34,7 @@ public:
 
 private:
     void beforeValue();
+    void beginContainer(char open);
     void endContainer(char close);
     void newLine();
 

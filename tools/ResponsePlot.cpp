@@ -137,37 +137,33 @@ void drawPhaseAxis(cairo_t* cr, const PlotArea& area) {
     drawText(cr, "phase", area.right + 8.0, area.top - 10.0, Anchor::Left);
 }
 
-void drawMagnitude(cairo_t* cr, const PlotArea& area, const MeasuredResponse& response) {
-    setColour(cr, kMagnitude);
-    cairo_set_line_width(cr, 2.0);
+// A curve of one value per measured frequency; the line breaks where two neighbours are
+// further apart than breakAbove.
+void drawCurve(cairo_t* cr, const PlotArea& area, const MeasuredResponse& response,
+               const std::vector<double>& values, double (PlotArea::*y)(double) const,
+               double breakAbove) {
     for (std::size_t i = 0; i < response.frequencies.size(); ++i) {
         const double x = area.x(response.frequencies[i]);
-        const double y = area.yForDb(response.magnitudeDb[i]);
-        if (i == 0) {
-            cairo_move_to(cr, x, y);
+        if (i == 0 || std::fabs(values[i] - values[i - 1]) > breakAbove) {
+            cairo_move_to(cr, x, (area.*y)(values[i]));
         } else {
-            cairo_line_to(cr, x, y);
+            cairo_line_to(cr, x, (area.*y)(values[i]));
         }
     }
     cairo_stroke(cr);
 }
 
+void drawMagnitude(cairo_t* cr, const PlotArea& area, const MeasuredResponse& response) {
+    setColour(cr, kMagnitude);
+    cairo_set_line_width(cr, 2.0);
+    drawCurve(cr, area, response, response.magnitudeDb, &PlotArea::yForDb, HUGE_VAL);
+}
+
 void drawPhase(cairo_t* cr, const PlotArea& area, const MeasuredResponse& response) {
     setColour(cr, kPhase);
     cairo_set_line_width(cr, 1.5);
-    for (std::size_t i = 0; i < response.frequencies.size(); ++i) {
-        const double x = area.x(response.frequencies[i]);
-        const double y = area.yForDegrees(response.phaseDegrees[i]);
-        // A jump from +180 to -180 is a wrap, not a step of the response.
-        const bool wrapped =
-            i > 0 && std::fabs(response.phaseDegrees[i] - response.phaseDegrees[i - 1]) > 180.0;
-        if (i == 0 || wrapped) {
-            cairo_move_to(cr, x, y);
-        } else {
-            cairo_line_to(cr, x, y);
-        }
-    }
-    cairo_stroke(cr);
+    // A jump from +180 to -180 is a wrap, not a step of the response.
+    drawCurve(cr, area, response, response.phaseDegrees, &PlotArea::yForDegrees, 180.0);
 }
 
 } // namespace
