@@ -13,16 +13,9 @@
 
 namespace {
 
-struct Step {
-    const char* name;
-    int32_t opcode;
-    intptr_t value;
-    float opt;
-};
-
 // What a host may send before and between blocks. Every order of the first six is tried;
 // the last changes nothing in this effect and only joins the repeated sequences.
-const Step kSteps[] = {
+const HostRequest kSteps[] = {
     {"open", effOpen, 0, 0.0f},
     {"mains-on", effMainsChanged, 1, 0.0f},
     {"mains-off", effMainsChanged, 0, 0.0f},
@@ -51,7 +44,7 @@ std::string runSession(const std::vector<int>& order, Noise& noise) {
         if (!problem.empty()) {
             break;
         }
-        plugin.Dispatch(kSteps[step].opcode, 0, kSteps[step].value, nullptr, kSteps[step].opt);
+        plugin.Dispatch(kSteps[step]);
         problem = EffectProblem(plugin, noise, kFrames, step % 2 == 0);
     }
     return problem.empty() ? problem : problem + " after " + describe(order);

@@ -130,7 +130,7 @@ TEST(LongRun, HoursOfAudioLeaveNoTraceInTheState) {
             std::copy(in.Channel(c), in.Channel(c) + length, inDouble.Channel(c));
         }
         single.Process(in.Channels(), out.Channels(), length);
-        twin.ProcessDouble(inDouble.Channels(), outDouble.Channels(), length);
+        twin.Process(inDouble.Channels(), outDouble.Channels(), length);
         for (int c = 0; c < 2; ++c) {
             blocksApart += std::equal(out.Channel(c), out.Channel(c) + length, outDouble.Channel(c),
                                       [](float f, double d) { return static_cast<double>(f) == d; })
@@ -172,7 +172,7 @@ TEST(LongRun, HoursOfAudioLeaveNoTraceInTheState) {
     }
     single.Process(probe.Channels(), fromSingle.Channels(), kBlock);
     fresh.Process(probe.Channels(), fromFresh.Channels(), kBlock);
-    twin.ProcessDouble(probeDouble.Channels(), fromTwin.Channels(), kBlock);
+    twin.Process(probeDouble.Channels(), fromTwin.Channels(), kBlock);
     for (int c = 0; c < 2; ++c) {
         EXPECT_TRUE(
             std::equal(fromSingle.Channel(c), fromSingle.Channel(c) + kBlock, fromFresh.Channel(c)))

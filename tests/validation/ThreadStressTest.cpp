@@ -39,7 +39,7 @@ void runAudioThread(HostedPlugin& plugin, const std::atomic<bool>& stop, std::at
             plugin.Process(in.Channels(), out.Channels(), frames);
             result.blocksNotFinite += out.AllFinite(frames) && out.GuardsIntact() ? 0 : 1;
         } else {
-            plugin.ProcessDouble(inDouble.Channels(), outDouble.Channels(), frames);
+            plugin.Process(inDouble.Channels(), outDouble.Channels(), frames);
             result.blocksNotFinite +=
                 outDouble.AllFinite(frames) && outDouble.GuardsIntact() ? 0 : 1;
         }
