@@ -1,6 +1,5 @@
-// The audio path as the host drives it: pass-through when off, the meters and their
-// input factor, the block counter, empty blocks, and the host's configuration calls,
-// hostile ones included.
+// The audio path as the host drives it: the input meter factor, the block counter, empty
+// blocks and the host's configuration calls.
 #include "dsp/CMultiEqualizer.h"
 #include "tests/effect/EffectTestSupport.h"
 

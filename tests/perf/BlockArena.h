@@ -1,8 +1,6 @@
-// Stereo blocks laid out in one stretch of memory, the way hosts lay them out (apart, in
-// place) and the ways none should (crossed, shifted, shared), with random settings and
-// signals for the exactness tests. Every test runs the path under test on one copy of the
-// arena and the plain model on another, then compares the whole arenas bit for bit, so a
-// stray write anywhere shows as well as a wrong sample.
+// Stereo blocks in one stretch of memory, laid out as hosts do (apart, in place) and as
+// none should (crossed, shifted, shared). The path under test runs on one copy, the plain
+// model on another, and the whole arenas are compared, so a stray write shows too.
 #pragma once
 
 #include "tests/support/ReferenceEqualizer.h"

@@ -1,6 +1,5 @@
-// Hostile stream settings: sample rates and block sizes no audio system uses. Each is
-// refused and the last valid setting stays, which shows as output identical to an
-// effect that never received the hostile value.
+// Sample rates and block sizes no audio system uses are refused: the output equals that of
+// an effect that never received them.
 #include "tests/validation/support/PluginChecks.h"
 
 #include <gtest/gtest.h>

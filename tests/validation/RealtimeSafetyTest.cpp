@@ -1,7 +1,5 @@
-// What runs on the host's audio thread (processing in both precisions, automation and
-// parameter reads) allocates nothing, frees nothing and takes no lock but the effect's
-// own and the engine's. The probe sees every allocation function and every blocking
-// entry point of the process, so a zero here is a measurement, not an assumption.
+// What runs on the host's audio thread allocates nothing, frees nothing and takes no lock
+// but the effect's and the engine's, as measured by the probe.
 #include "tests/validation/support/PluginChecks.h"
 #include "tests/validation/support/RealtimeProbe.h"
 

@@ -1,6 +1,5 @@
-// The default bank file read at open, in the user's preferences folder, beside the
-// plug-in, or both: any content, any length. The effect opens, every program stays
-// usable, and reverting to the factory program works.
+// Any default bank file in either folder or both: every program stays usable and reverting
+// to the factory works.
 #include "tests/support/TempFolder.h"
 #include "tests/validation/fuzz/FuzzInput.h"
 #include "tests/validation/support/PluginChecks.h"

@@ -1,8 +1,5 @@
-// The import of a legacy program list and its program files: any list, any entry names,
-// any value lines. The input holds the program files first (a count, then each with a
-// 16-bit length) and the list after them; each entry of the list gets the next program
-// file, when its name can be a file name at all. After the import every program is
-// usable and every name fits the hosts' 24 bytes.
+// Any legacy program list and program files (a count, each file with a 16-bit length, then
+// the list): afterwards every program is usable and every name fits the hosts' 24 bytes.
 #include "tests/validation/fuzz/FuzzInput.h"
 #include "tests/support/TempFolder.h"
 #include "tests/validation/support/PluginChecks.h"
