@@ -37,8 +37,8 @@ protected:
 using Names = std::pair<std::string, std::string>;
 
 TEST_F(DefaultBankFile, PreferencesCopyIsCurrentAndThePluginsCopyIsFactory) {
-    WriteWholeFile(PreferencesCopy(), BankFileBytes(MarkedBank("Mine", 0.1f, 3)));
-    WriteWholeFile(PluginCopy(), BankFileBytes(MarkedBank("Factory", 0.9f)));
+    WriteWholeFile(PreferencesCopy(), ChunkBank(MarkedBank("Mine", 0.1f, 3), "VeEQ"));
+    WriteWholeFile(PluginCopy(), ChunkBank(MarkedBank("Factory", 0.9f), "VeEQ"));
     AZephyra effect(RecordingHost::Callback);
     effect.open();
     EXPECT_EQ(effect.getProgram(), 3);
@@ -46,13 +46,6 @@ TEST_F(DefaultBankFile, PreferencesCopyIsCurrentAndThePluginsCopyIsFactory) {
     effect.setProgram(0);
     EXPECT_EQ(effect.getParameter(kParamGain1), 0.1f);
     EXPECT_EQ(CurrentAndFactory(effect), Names("Mine", "Factory"));
-}
-
-TEST_F(DefaultBankFile, WithoutAPreferencesCopyThePluginsCopyServesBoth) {
-    WriteWholeFile(PluginCopy(), BankFileBytes(MarkedBank("Factory", 0.9f)));
-    AZephyra effect(RecordingHost::Callback);
-    effect.open();
-    EXPECT_EQ(CurrentAndFactory(effect), Names("Factory", "Factory"));
 }
 
 TEST_F(DefaultBankFile, ThePluginFolderIsWhereTheHostPointsElseTheModulesOwn) {
@@ -72,29 +65,36 @@ TEST_F(DefaultBankFile, ThePluginFolderIsWhereTheHostPointsElseTheModulesOwn) {
     EXPECT_EQ(effect.GetPluginFolder(), exe.substr(0, exe.rfind('/') + 1));
 }
 
-TEST_F(DefaultBankFile, AForeignBankIsIgnoredWithoutLoadingTheFactory) {
-    WriteWholeFile(PreferencesCopy(),
-                   BankFileBytes(MarkedBank("Foreign", 0.1f), FourCharCode('O', 't', 'h', 'r')));
-    WriteWholeFile(PluginCopy(), BankFileBytes(MarkedBank("Factory", 0.9f)));
-    AZephyra effect(RecordingHost::Callback);
-    effect.open();
-    EXPECT_EQ(CurrentAndFactory(effect), Names("Empty", "Empty"));
-}
-
-TEST_F(DefaultBankFile, ABankOfAnotherKindStillLoadsTheFactory) {
-    WriteWholeFile(PreferencesCopy(),
-                   BankFileBytes(MarkedBank("Other", 0.1f), kZephyraUniqueId, "FxBk"));
-    WriteWholeFile(PluginCopy(), BankFileBytes(MarkedBank("Factory", 0.9f)));
-    AZephyra effect(RecordingHost::Callback);
-    effect.open();
-    EXPECT_EQ(CurrentAndFactory(effect), Names("Empty", "Factory"));
+TEST_F(DefaultBankFile, AnUnusablePreferencesCopyLeavesTheFactoryToThePluginsCopy) {
+    const struct {
+        const char* what;
+        std::string preferences;
+        Names expected;
+    } cases[] = {
+        {"none", "", {"Factory", "Factory"}},
+        {"another plug-in's: no factory either", ChunkBank(MarkedBank("Foreign", 0.1f), "Othr"),
+         {"Empty", "Empty"}},
+        {"of another kind", ChunkBank(MarkedBank("Other", 0.1f), "VeEQ", "FxBk"),
+         {"Empty", "Factory"}},
+    };
+    WriteWholeFile(PluginCopy(), ChunkBank(MarkedBank("Factory", 0.9f), "VeEQ"));
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.what);
+        std::filesystem::remove(PreferencesCopy());
+        if (!c.preferences.empty()) {
+            WriteWholeFile(PreferencesCopy(), c.preferences);
+        }
+        AZephyra effect(RecordingHost::Callback);
+        effect.open();
+        EXPECT_EQ(CurrentAndFactory(effect), c.expected);
+    }
 }
 
 TEST_F(DefaultBankFile, TruncatedOrOversizedChunksAreIgnored) {
     const std::string bank = MarkedBank("Damaged", 0.1f, 5);
     for (const std::string& file :
-         {BankFileBytes(bank.substr(0, 1000), kZephyraUniqueId, "FBCh", 4608),
-          BankFileBytes(bank + "extra"), BankFileBytes(bank, kZephyraUniqueId, "FBCh", ~0u),
+         {ChunkBank(bank.substr(0, 1000), "VeEQ", "FBCh", 4608),
+          ChunkBank(bank + "extra", "VeEQ"), ChunkBank(bank, "VeEQ", "FBCh", ~0u),
           std::string("CcnK\0\0", 6)}) {
         WriteWholeFile(PreferencesCopy(), file);
         AZephyra effect(RecordingHost::Callback);
@@ -102,16 +102,6 @@ TEST_F(DefaultBankFile, TruncatedOrOversizedChunksAreIgnored) {
         EXPECT_EQ(effect.getProgram(), 0);
         EXPECT_EQ(ProgramName(effect, 0), "Empty");
     }
-}
-
-std::string hex(const std::string& bytes) {
-    std::string text;
-    char digits[4];
-    for (const char byte : bytes) {
-        std::snprintf(digits, sizeof(digits), "%02X ", static_cast<unsigned char>(byte));
-        text += digits;
-    }
-    return text;
 }
 
 TEST_F(DefaultBankFile, SavingWritesTheHeaderAndMovesTheEditsForTheNextOpen) {
@@ -128,14 +118,7 @@ TEST_F(DefaultBankFile, SavingWritesTheHeaderAndMovesTheEditsForTheNextOpen) {
     EXPECT_FALSE(effect.IsProgramChanged());
     EXPECT_EQ(host.Count(audioMasterUpdateDisplay), 1u);
     const std::string file = ReadWholeFile(PreferencesCopy());
-    std::string reserved;
-    for (int i = 0; i < 128; ++i) {
-        reserved += "00 ";
-    }
-    EXPECT_EQ(hex(file.substr(0, 160)), "43 63 6E 4B 00 00 00 00 46 42 43 68 00 00 00 01 "
-                                        "56 65 45 51 00 00 00 01 00 00 00 40 " +
-                                            reserved + "00 00 12 00 ");
-    EXPECT_EQ(file.substr(160), BankImage(effect));
+    EXPECT_EQ(file, ChunkBank(BankImage(effect), "VeEQ"));
     EXPECT_EQ(file.substr(160 + 68, 4), std::string("\x03\0\0\0", 4));
     effect.setProgram(7);
     EXPECT_EQ(effect.getParameter(kParamGain1), 0.5f) << "the source program reverts";

@@ -1,8 +1,8 @@
-// Helpers for driving the effect as the host and the editor would: a panel that records
-// what the effect tells it, the host's view of programs, and bank files built byte by byte.
+// Driving the effect as the host and the editor would.
 #pragma once
 
 #include "effect/AZephyra.h"
+#include "tests/support/BankBytes.h"
 #include "tests/support/RecordingHost.h"
 #include "tests/support/RecordingPanel.h"
 #include "tests/support/TempFolder.h"
@@ -47,19 +47,6 @@ inline std::string ProgramName(AZephyra& effect, int program) {
     char name[32] = {};
     effect.getProgramNameIndexed(0, program, name);
     return name;
-}
-
-inline std::string BigEndian(uint32_t value) {
-    return {static_cast<char>(value >> 24), static_cast<char>(value >> 16),
-            static_cast<char>(value >> 8), static_cast<char>(value)};
-}
-
-// A bank file of the opaque-chunk kind; chunkSize 0 means the chunk's real size.
-inline std::string BankFileBytes(const std::string& chunk, uint32_t id = kZephyraUniqueId,
-                                 const char* bankMagic = "FBCh", uint32_t chunkSize = 0) {
-    return "CcnK" + BigEndian(0) + bankMagic + BigEndian(1) + BigEndian(id) + BigEndian(1) +
-           BigEndian(64) + std::string(128, '\0') +
-           BigEndian(chunkSize ? chunkSize : static_cast<uint32_t>(chunk.size())) + chunk;
 }
 
 // A bank image whose program 0 is recognisable by its name and Gain1.

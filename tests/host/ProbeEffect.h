@@ -1,6 +1,5 @@
-// A minimal effect and editor for exercising the base classes: the overrides the tests
-// watch write what they received as text ("setProgram(-1)"), so a test can check that a
-// request reached the right operation with its arguments unpacked.
+// A minimal effect and editor for the base classes: each watched override notes what it
+// received as text ("setProgram(-1)").
 #pragma once
 
 #include "host/AudioEffectX.h"

@@ -1,8 +1,6 @@
-// Stereo blocks laid out in one stretch of memory, the way hosts lay them out (apart, in
-// place) and the ways none should (crossed, shifted, shared), with random settings and
-// signals for the exactness tests. Every test runs the path under test on one copy of the
-// arena and the plain model on another, then compares the whole arenas bit for bit, so a
-// stray write anywhere shows as well as a wrong sample.
+// Stereo blocks in one stretch of memory, laid out as hosts do (apart, in place) and as
+// none should (crossed, shifted, shared). The path under test runs on one copy, the plain
+// model on another, and the whole arenas are compared, so a stray write shows too.
 #pragma once
 
 #include "tests/support/ReferenceEqualizer.h"
@@ -79,32 +77,16 @@ public:
         FillSignal(rng);
         const int in0 = kGuard, in1 = kGuard + stride;
         const int out0 = kGuard + 2 * stride, out1 = kGuard + 3 * stride;
-        const int shift = 1 + static_cast<int>(rng() % 3);
-        switch (layout) {
-        case Layout::Apart:
-            Place(in0, in1, out0, out1);
-            break;
-        case Layout::InPlace:
-            Place(in0, in1, in0, in1);
-            break;
-        case Layout::Crossed:
-            Place(in0, in1, in1, in0);
-            break;
-        case Layout::Shifted:
-            Place(in0 + kGuard / 2, in1 + kGuard / 2, in0 + kGuard / 2 + shift,
-                  in1 + kGuard / 2 - shift);
-            break;
-        case Layout::SharedInput:
-            Place(in0, in0, out0, out1);
-            break;
-        case Layout::SharedOutput:
-            Place(in0, in1, out0, out0);
-            break;
-        }
+        const int mid = kGuard / 2, shift = 1 + static_cast<int>(rng() % 3);
+        const int offsets[][4] = {{in0, in1, out0, out1},     {in0, in1, in0, in1},
+                                  {in0, in1, in1, in0},
+                                  {in0 + mid, in1 + mid, in0 + mid + shift, in1 + mid - shift},
+                                  {in0, in0, out0, out1},     {in0, in1, out0, out0}};
+        Place(offsets[static_cast<int>(layout)]);
     }
 
     Arena(const Arena& other) : m_frames(other.m_frames), m_memory(other.m_memory) {
-        Place(other.m_offsets[0], other.m_offsets[1], other.m_offsets[2], other.m_offsets[3]);
+        Place(other.m_offsets);
     }
     Arena& operator=(const Arena&) = delete;
 
@@ -126,15 +108,12 @@ public:
     }
 
 private:
-    void Place(int in0, int in1, int out0, int out1) {
-        m_offsets[0] = in0;
-        m_offsets[1] = in1;
-        m_offsets[2] = out0;
-        m_offsets[3] = out1;
-        m_in[0] = m_memory.data() + in0;
-        m_in[1] = m_memory.data() + in1;
-        m_out[0] = m_memory.data() + out0;
-        m_out[1] = m_memory.data() + out1;
+    // Input left and right, output left and right.
+    void Place(const int (&offsets)[4]) {
+        for (int i = 0; i < 4; ++i) {
+            m_offsets[i] = offsets[i];
+            (i < 2 ? m_in : m_out)[i % 2] = m_memory.data() + offsets[i];
+        }
     }
 
     // Noise at a random level, with stretches of silence and of subnormal values so that

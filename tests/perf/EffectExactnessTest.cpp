@@ -1,7 +1,6 @@
-// The effect's processReplacing, which now copies, equalises and meters in one pass, against
-// the plain staged block bit for bit: samples, the four meters, the over-level flag and the
-// block counter, over random parameters, on, off and bands-off states, suspend and resume,
-// random block splits and every buffer layout.
+// The effect's one-pass processReplacing against the plain staged block, bit for bit:
+// samples, meters, over-level flag and block counter, over random parameters, states,
+// splits and layouts.
 #include "effect/AZephyra.h"
 #include "tests/perf/BlockArena.h"
 #include "dsp/CMultiEqualizer.h"

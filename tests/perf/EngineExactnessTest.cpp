@@ -1,6 +1,5 @@
-// The engine's one-pass stereo path against the plain staged evaluation, bit for bit: random
-// settings, bands switched in and out between blocks, random block splits with many tail
-// blocks of 1 to 3 frames, every buffer layout, Transform and TransformMetered alike.
+// The engine's one-pass stereo path against the plain staged evaluation, bit for bit, over
+// random settings, band switching, splits and layouts, Transform and TransformMetered.
 #include "tests/perf/BlockArena.h"
 #include "dsp/CMultiEqualizer.h"
 #include "tests/perf/PlainBlockModel.h"

@@ -1,7 +1,5 @@
-// The audio block as its formulas read, stage after stage, written apart from dsp/ and
-// effect/ so that the one-pass path is judged by something it shares no code with. The
-// stages run in the documented order over the caller's own memory, so buffers that overlap
-// give whatever that order gives.
+// The audio block stage after stage, apart from dsp/ and effect/, over the caller's own
+// memory, so overlapping buffers give whatever the documented order gives.
 #pragma once
 
 #include "tests/support/ReferenceEqualizer.h"

@@ -1,8 +1,5 @@
-// A host call-back for tests: it records every call the plug-in makes and answers each
-// opcode from a table (the version probe with 2400 unless a test says otherwise); an
-// opcode with a text also has the text copied to the plug-in's buffer, as hosts answer
-// the product and vendor string requests. One
-// recorder is live at a time; the plug-in reaches it through the plain function Callback.
+// A host call-back that records every call and answers each opcode from a table (the
+// version with 2400), copying a text where one is set. One recorder is live at a time.
 #pragma once
 
 #include "host/Vst2Interface.h"

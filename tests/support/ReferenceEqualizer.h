@@ -1,8 +1,5 @@
-// A plain, sample-at-a-time evaluation of the equaliser's formulas, written apart from dsp/
-// and effect/ so that the code under test is never its own judge: the host's normalised
-// values taken to the engine's 16.16 settings, the filter design in single precision with
-// double-precision library calls, and the direct form I difference equation in its term
-// order.
+// The equaliser's formulas sample at a time, written apart from dsp/ and effect/ so the
+// code under test is never its own judge.
 #pragma once
 
 #include <algorithm>

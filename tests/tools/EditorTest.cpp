@@ -1,4 +1,5 @@
 // The editor mode against a third-party editor that draws under a virtual X server.
+#include "tests/support/TempFolder.h"
 #include "tests/tools/ToolRunner.h"
 
 #include <cairo.h>
@@ -38,14 +39,14 @@ TEST(Editor, ThirdPartyEditorDrawsIntoOurWindow) {
     // process in libraries it has unloaded by the time the leak checker looks, so the checker
     // cannot tell whose they are. Harmless elsewhere.
     setenv("ASAN_OPTIONS", "detect_leaks=0", 1);
-    ScratchFolder folder;
+    TempFolder folder;
     const ToolRun run = runZephyra({"--plugin", kThirdPartyEqualiser, "editor", "--seconds", "1.5",
-                                    "--screenshot", folder.file("editor.png")});
+                                    "--screenshot", folder / "editor.png"});
     ASSERT_EQ(run.exitCode, 0) << run.err;
-    EXPECT_NE(run.out.find("wrote " + folder.file("editor.png")), std::string::npos);
+    EXPECT_NE(run.out.find("wrote " + (folder / "editor.png")), std::string::npos);
 
     cairo_surface_t* picture =
-        cairo_image_surface_create_from_png(folder.file("editor.png").c_str());
+        cairo_image_surface_create_from_png((folder / "editor.png").c_str());
     ASSERT_EQ(cairo_surface_status(picture), CAIRO_STATUS_SUCCESS);
     // The window took the size the editor asked for, not our fallback.
     EXPECT_NE(cairo_image_surface_get_width(picture), 400);

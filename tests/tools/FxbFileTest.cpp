@@ -1,56 +1,18 @@
 // Reading bank files: both kinds, the selected program of newer banks, and damaged files.
 #include "tools/FxbFile.h"
 #include "tools/ToolError.h"
-#include "tests/tools/ToolRunner.h"
+#include "tests/support/BankBytes.h"
+#include "tests/support/TempFolder.h"
 
-#include <cstring>
 #include <gtest/gtest.h>
 
 namespace {
 
-void putWord(std::string& bytes, uint32_t value) {
-    for (int shift = 24; shift >= 0; shift -= 8) {
-        bytes += static_cast<char>((value >> shift) & 0xFF);
-    }
-}
-
-std::string bankHeader(const char* kind, uint32_t version, uint32_t programs, uint32_t current) {
-    std::string header = "CcnK";
-    putWord(header, 0);
-    header += kind;
-    putWord(header, version);
-    header += "Abcd";
-    putWord(header, 1);
-    putWord(header, programs);
-    putWord(header, current);
-    header.resize(156, '\0');
-    return header;
-}
-
-std::string programRecord(const std::string& name, const std::vector<float>& values) {
-    std::string record = "CcnK";
-    putWord(record, 0);
-    record += "FxCk";
-    putWord(record, 1);
-    record += "Abcd";
-    putWord(record, 1);
-    putWord(record, static_cast<uint32_t>(values.size()));
-    std::string field = name;
-    field.resize(28, '\0');
-    record += field;
-    for (float value : values) {
-        uint32_t bits;
-        std::memcpy(&bits, &value, sizeof bits);
-        putWord(record, bits);
-    }
-    return record;
-}
-
 class BankFiles : public testing::Test {
 protected:
     FxbFile read(const std::string& bytes) {
-        writeText(folder.file("bank.fxb"), bytes);
-        return readBankFile(folder.file("bank.fxb"));
+        WriteWholeFile(folder / "bank.fxb", bytes);
+        return readBankFile(folder / "bank.fxb");
     }
 
     std::string failureOf(const std::string& bytes) {
@@ -62,12 +24,12 @@ protected:
         return "no failure";
     }
 
-    ScratchFolder folder;
+    TempFolder folder;
 };
 
 TEST_F(BankFiles, ParameterListsKeepOrderNamesAndValues) {
-    const FxbFile bank = read(bankHeader("FxBk", 2, 2, 1) + programRecord("Soft", {0.25f, 0.5f}) +
-                              programRecord("Loud", {1.0f, 0.125f}));
+    const FxbFile bank = read(FxHeader("FxBk", 2, "Abcd", 2, 1) + ProgramRecord("Abcd", "Soft", {0.25f, 0.5f}) +
+                              ProgramRecord("Abcd", "Loud", {1.0f, 0.125f}));
     EXPECT_FALSE(bank.isChunk);
     EXPECT_EQ(bank.pluginId, 0x41626364); // 'Abcd'
     EXPECT_EQ(bank.currentProgram, 1);
@@ -78,33 +40,28 @@ TEST_F(BankFiles, ParameterListsKeepOrderNamesAndValues) {
 }
 
 TEST_F(BankFiles, FirstFormatVersionHasNoSelectedProgram) {
-    const FxbFile bank = read(bankHeader("FxBk", 1, 1, 7) + programRecord("Only", {0.5f}));
+    const FxbFile bank = read(FxHeader("FxBk", 1, "Abcd", 1, 7) + ProgramRecord("Abcd", "Only", {0.5f}));
     EXPECT_EQ(bank.currentProgram, 0);
 }
 
 TEST_F(BankFiles, ChunkIsTakenWhole) {
-    std::string bytes = bankHeader("FBCh", 1, 64, 0);
-    putWord(bytes, 5);
-    bytes += "abcde";
-    const FxbFile bank = read(bytes);
+    const FxbFile bank = read(ChunkBank("abcde", "Abcd"));
     EXPECT_TRUE(bank.isChunk);
     EXPECT_EQ(std::string(bank.chunk.begin(), bank.chunk.end()), "abcde");
 }
 
 TEST_F(BankFiles, DamagedOrForeignFilesAreRefused) {
-    std::string shortChunk = bankHeader("FBCh", 1, 64, 0);
-    putWord(shortChunk, 4608);
-    shortChunk += "only a little";
-    EXPECT_NE(failureOf(shortChunk).find("ends too early"), std::string::npos);
-
-    const std::string cutProgram = bankHeader("FxBk", 1, 2, 0) + programRecord("One", {0.5f});
-    EXPECT_NE(failureOf(cutProgram).find("ends too early"), std::string::npos);
-
-    std::string programFile = bankHeader("FxCk", 1, 1, 0);
-    EXPECT_NE(failureOf(programFile).find("is a VST file but not a bank"), std::string::npos);
-
-    EXPECT_NE(failureOf(std::string(200, 'x')).find("is not a VST bank file"), std::string::npos);
-    EXPECT_NE(failureOf("CcnK").find("is not a VST bank file"), std::string::npos);
+    const std::pair<std::string, const char*> cases[] = {
+        {ChunkBank("only a little", "Abcd", "FBCh", 4608), "ends too early"},
+        {FxHeader("FxBk", 1, "Abcd", 2) + ProgramRecord("Abcd", "One", {0.5f}), "ends too early"},
+        {ProgramRecord("Abcd", "Alone", std::vector<float>(40, 0.5f)),
+         "is a VST file but not a bank"},
+        {std::string(200, 'x'), "is not a VST bank file"},
+        {"CcnK", "is not a VST bank file"},
+    };
+    for (const auto& [bytes, message] : cases) {
+        EXPECT_NE(failureOf(bytes).find(message), std::string::npos) << message;
+    }
 }
 
 } // namespace

@@ -1,6 +1,4 @@
-// Reads single fields out of the JSON that `zephyra info --json` prints. The layout is the
-// tool's own (one member per line), so plain text search is enough and keeps the tests free
-// of a JSON library.
+// Single fields of `zephyra info --json`, one member per line, found by text search.
 #pragma once
 
 #include <cstdlib>

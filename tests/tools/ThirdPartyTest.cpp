@@ -1,11 +1,12 @@
 // The tool against a plug-in it knows nothing about: a mono equaliser from Debian's
 // zam-plugins, which exports only the legacy entry name.
+#include "tests/support/BankBytes.h"
+#include "tests/support/TempFolder.h"
 #include "tests/tools/InfoJson.h"
 #include "tests/tools/TestAudio.h"
 #include "tests/tools/ToolRunner.h"
 
 #include <cmath>
-#include <cstring>
 #include <gtest/gtest.h>
 #include <unistd.h>
 
@@ -27,7 +28,7 @@ protected:
         return runZephyra(arguments);
     }
 
-    ScratchFolder folder;
+    TempFolder folder;
 };
 
 TestAudio sine(int channels, double frequency, int sampleRate, int64_t frames) {
@@ -61,16 +62,16 @@ TEST_F(ThirdPartyPlugin, InfoListsEveryParameter) {
 
 TEST_F(ThirdPartyPlugin, GainOnABandRaisesItsFrequencyInEveryChannel) {
     constexpr int kRate = 48000;
-    writeAudio(folder.file("tone.wav"), sine(2, 1000.0, kRate, kRate));
-    const ToolRun flat = onPlugin({"render", folder.file("tone.wav"), folder.file("flat.wav")});
-    const ToolRun boosted = onPlugin({"render", folder.file("tone.wav"), folder.file("boosted.wav"),
+    writeAudio(folder / "tone.wav", sine(2, 1000.0, kRate, kRate));
+    const ToolRun flat = onPlugin({"render", folder / "tone.wav", folder / "flat.wav"});
+    const ToolRun boosted = onPlugin({"render", folder / "tone.wav", folder / "boosted.wav",
                                       "--set", "Frequency 1=1000", "--set", "Boost/Cut 1=+6"});
     ASSERT_EQ(flat.exitCode, 0) << flat.err;
     ASSERT_EQ(boosted.exitCode, 0) << boosted.err;
 
-    const TestAudio input = readAudio(folder.file("tone.wav"));
-    const TestAudio flatOut = readAudio(folder.file("flat.wav"));
-    const TestAudio boostedOut = readAudio(folder.file("boosted.wav"));
+    const TestAudio input = readAudio(folder / "tone.wav");
+    const TestAudio flatOut = readAudio(folder / "flat.wav");
+    const TestAudio boostedOut = readAudio(folder / "boosted.wav");
     ASSERT_EQ(boostedOut.channels, 2);
     ASSERT_GE(boostedOut.frames(), input.frames());
     // Measured in the middle, away from the filters settling in.
@@ -86,55 +87,25 @@ TEST_F(ThirdPartyPlugin, GainOnABandRaisesItsFrequencyInEveryChannel) {
 }
 
 TEST_F(ThirdPartyPlugin, MonoFileStaysMono) {
-    writeAudio(folder.file("mono.wav"), sine(1, 440.0, 44100, 4410));
-    const ToolRun run = onPlugin({"render", folder.file("mono.wav"), folder.file("out.flac")});
+    writeAudio(folder / "mono.wav", sine(1, 440.0, 44100, 4410));
+    const ToolRun run = onPlugin({"render", folder / "mono.wav", folder / "out.flac"});
     ASSERT_EQ(run.exitCode, 0) << run.err;
-    const TestAudio output = readAudio(folder.file("out.flac"));
+    const TestAudio output = readAudio(folder / "out.flac");
     EXPECT_EQ(output.channels, 1);
     EXPECT_EQ(output.sampleRate, 44100);
-}
-
-// Big-endian writers for a bank of the parameter-list kind.
-void putWord(std::string& bytes, uint32_t value) {
-    for (int shift = 24; shift >= 0; shift -= 8) {
-        bytes += static_cast<char>((value >> shift) & 0xFF);
-    }
-}
-
-void putFloat(std::string& bytes, float value) {
-    uint32_t bits;
-    std::memcpy(&bits, &value, sizeof bits);
-    putWord(bytes, bits);
 }
 
 TEST_F(ThirdPartyPlugin, BankOfParameterListsSetsTheProgram) {
     const ToolRun before = onPlugin({"info", "--json"});
     ASSERT_EQ(before.exitCode, 0) << before.err;
-    std::string program = "CcnK";
-    putWord(program, 56 - 8 + 12 * 4);
-    program += "FxCk";
-    putWord(program, 1);
-    program += "ZEQ2";
-    putWord(program, 1);
-    putWord(program, 12);
-    std::string name = "Loud Mids";
-    name.resize(28, '\0');
-    program += name;
+    std::vector<float> values;
     for (int index = 0; index < 12; ++index) {
-        putFloat(program,
-                 index == 0 ? 0.8f : static_cast<float>(parameterValue(before.out, index)));
+        values.push_back(index == 0 ? 0.8f : static_cast<float>(parameterValue(before.out, index)));
     }
-    std::string bank = "CcnK";
-    putWord(bank, static_cast<uint32_t>(156 - 8 + program.size()));
-    bank += "FxBk";
-    putWord(bank, 1);
-    bank += "ZEQ2";
-    putWord(bank, 1);
-    putWord(bank, 1);
-    bank += std::string(128, '\0');
-    writeText(folder.file("mids.fxb"), bank + program);
+    WriteWholeFile(folder / "mids.fxb",
+                   FxHeader("FxBk", 1, "ZEQ2", 1) + ProgramRecord("ZEQ2", "Loud Mids", values));
 
-    const ToolRun after = onPlugin({"info", "--json", "--bank", folder.file("mids.fxb")});
+    const ToolRun after = onPlugin({"info", "--json", "--bank", folder / "mids.fxb"});
     ASSERT_EQ(after.exitCode, 0) << after.err;
     EXPECT_FLOAT_EQ(static_cast<float>(parameterValue(after.out, 0)), 0.8f);
     EXPECT_EQ(parameterDisplay(after.out, 0).substr(0, 3), "6.0");

@@ -1,35 +1,17 @@
 #include "tests/tools/ToolRunner.h"
 
+#include "tests/support/TempFolder.h"
+
 #include <algorithm>
 #include <csignal>
-#include <cstdlib>
 #include <fcntl.h>
-#include <fstream>
 #include <sstream>
-#include <stdexcept>
 #include <sys/wait.h>
 #include <unistd.h>
 
-namespace {
-
-std::string temporaryFileName(const char* tag) {
-    std::string pattern =
-        std::filesystem::temp_directory_path().string() + "/zephyra-" + tag + "-XXXXXX";
-    const int descriptor = mkstemp(pattern.data());
-    if (descriptor < 0) {
-        throw std::runtime_error("mkstemp failed");
-    }
-    close(descriptor);
-    return pattern;
-}
-
-} // namespace
-
-namespace {
-
-ToolRun runAndMaybeInterrupt(const std::vector<std::string>& arguments, int interruptAfterMs) {
-    const std::string outPath = temporaryFileName("out");
-    const std::string errPath = temporaryFileName("err");
+ToolRun runZephyra(const std::vector<std::string>& arguments, int interruptAfterMs) {
+    TempFolder streams;
+    const std::string outPath = streams / "out", errPath = streams / "err";
     std::vector<char*> argv;
     std::string program = ZEPHYRA_CLI;
     argv.push_back(program.data());
@@ -41,8 +23,8 @@ ToolRun runAndMaybeInterrupt(const std::vector<std::string>& arguments, int inte
 
     const pid_t child = fork();
     if (child == 0) {
-        dup2(open(outPath.c_str(), O_WRONLY | O_TRUNC), STDOUT_FILENO);
-        dup2(open(errPath.c_str(), O_WRONLY | O_TRUNC), STDERR_FILENO);
+        dup2(open(outPath.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0600), STDOUT_FILENO);
+        dup2(open(errPath.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0600), STDERR_FILENO);
         execv(argv[0], argv.data());
         _exit(127);
     }
@@ -52,21 +34,8 @@ ToolRun runAndMaybeInterrupt(const std::vector<std::string>& arguments, int inte
     }
     int status = 0;
     waitpid(child, &status, 0);
-    ToolRun run{WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status), readText(outPath),
-                readText(errPath)};
-    std::remove(outPath.c_str());
-    std::remove(errPath.c_str());
-    return run;
-}
-
-} // namespace
-
-ToolRun runZephyra(const std::vector<std::string>& arguments) {
-    return runAndMaybeInterrupt(arguments, -1);
-}
-
-ToolRun runZephyraInterrupted(const std::vector<std::string>& arguments, int milliseconds) {
-    return runAndMaybeInterrupt(arguments, milliseconds);
+    return {WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status),
+            ReadWholeFile(outPath), ReadWholeFile(errPath)};
 }
 
 std::vector<std::string> linesOf(const std::string& text) {
@@ -78,36 +47,11 @@ std::vector<std::string> linesOf(const std::string& text) {
     return lines;
 }
 
-ScratchFolder::ScratchFolder() {
-    std::string pattern =
-        std::filesystem::temp_directory_path().string() + "/zephyra-tools-test-XXXXXX";
-    if (mkdtemp(pattern.data()) == nullptr) {
-        throw std::runtime_error("mkdtemp failed");
-    }
-    root = pattern;
-}
-
-ScratchFolder::~ScratchFolder() {
-    std::error_code ignored;
-    std::filesystem::remove_all(root, ignored);
-}
-
-std::vector<std::string> ScratchFolder::entries() const {
+std::vector<std::string> entriesOf(const std::string& folder) {
     std::vector<std::string> names;
-    for (const auto& entry : std::filesystem::directory_iterator(root)) {
+    for (const auto& entry : std::filesystem::directory_iterator(folder)) {
         names.push_back(entry.path().filename().string());
     }
     std::sort(names.begin(), names.end());
     return names;
-}
-
-std::string readText(const std::string& path) {
-    std::ifstream file(path, std::ios::binary);
-    std::ostringstream contents;
-    contents << file.rdbuf();
-    return contents.str();
-}
-
-void writeText(const std::string& path, const std::string& text) {
-    std::ofstream(path, std::ios::binary) << text;
 }

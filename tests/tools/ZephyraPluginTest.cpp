@@ -1,6 +1,8 @@
 // The tool against our own plug-in: what it renders must be exactly what the module gives
 // when driven directly, and what it plots must be the equaliser's analytic response.
 #include "dsp/CMultiEqualizer.h"
+#include "tests/support/BankBytes.h"
+#include "tests/support/TempFolder.h"
 #include "tests/tools/DirectPlugin.h"
 #include "dsp/FilterResponse.h"
 #include "tests/tools/InfoJson.h"
@@ -25,10 +27,11 @@ ToolRun zephyra(std::vector<std::string> arguments) {
 
 void expectSameSamples(const TestAudio& actual, const TestAudio& expected) {
     ASSERT_EQ(actual.channels, expected.channels);
-    ASSERT_EQ(actual.frames(), expected.frames());
-    for (std::size_t i = 0; i < actual.samples.size(); ++i) {
-        ASSERT_EQ(actual.samples[i], expected.samples[i]) << "sample " << i;
-    }
+    ASSERT_EQ(actual.samples.size(), expected.samples.size());
+    const auto differ = std::mismatch(actual.samples.begin(), actual.samples.end(),
+                                      expected.samples.begin());
+    EXPECT_TRUE(differ.first == actual.samples.end())
+        << "sample " << differ.first - actual.samples.begin();
 }
 
 struct RenderCase {
@@ -46,13 +49,13 @@ class RenderThroughOurPlugin : public testing::TestWithParam<RenderCase> {};
 
 TEST_P(RenderThroughOurPlugin, EqualsTheModuleDrivenDirectly) {
     const RenderCase& scenario = GetParam();
-    ScratchFolder folder;
+    TempFolder folder;
     // An odd length, so the last block of input is a short one.
     const TestAudio input = makeTestSignal(2, 44100, 44100 + 1001);
-    writeAudio(folder.file("in.wav"), input);
+    writeAudio(folder / "in.wav", input);
     std::vector<std::string> arguments = {"render",
-                                          folder.file("in.wav"),
-                                          folder.file("out.wav"),
+                                          (folder / "in.wav"),
+                                          (folder / "out.wav"),
                                           "--block",
                                           std::to_string(scenario.blockSize),
                                           "--program",
@@ -64,7 +67,7 @@ TEST_P(RenderThroughOurPlugin, EqualsTheModuleDrivenDirectly) {
     }
     const ToolRun run = zephyra(arguments);
     ASSERT_EQ(run.exitCode, 0) << run.err;
-    const TestAudio rendered = readAudio(folder.file("out.wav"));
+    const TestAudio rendered = readAudio(folder / "out.wav");
     // The tail is silence processed in whole blocks after the input.
     ASSERT_GT(rendered.frames(), input.frames());
     EXPECT_EQ((rendered.frames() - input.frames()) % scenario.blockSize, 0);
@@ -97,28 +100,28 @@ INSTANTIATE_TEST_SUITE_P(
     [](const testing::TestParamInfo<RenderCase>& info) { return std::string(info.param.name); });
 
 TEST(OurPlugin, DoublePrecisionRenderEqualsTheFloatOne) {
-    ScratchFolder folder;
-    writeAudio(folder.file("in.wav"), makeTestSignal(2, 48000, 30000));
+    TempFolder folder;
+    writeAudio(folder / "in.wav", makeTestSignal(2, 48000, 30000));
     const std::vector<std::string> common = {
-        "render", folder.file("in.wav"), "--program", "3", "--set", "Gain2=-9"};
+        "render", folder / "in.wav", "--program", "3", "--set", "Gain2=-9"};
     std::vector<std::string> floatRun = common;
-    floatRun.push_back(folder.file("float.wav"));
+    floatRun.push_back(folder / "float.wav");
     std::vector<std::string> doubleRun = common;
-    doubleRun.insert(doubleRun.end(), {folder.file("double.wav"), "--double"});
+    doubleRun.insert(doubleRun.end(), {folder / "double.wav", "--double"});
     ASSERT_EQ(zephyra(floatRun).exitCode, 0);
     const ToolRun run = zephyra(doubleRun);
     ASSERT_EQ(run.exitCode, 0) << run.err;
-    expectSameSamples(readAudio(folder.file("double.wav")), readAudio(folder.file("float.wav")));
+    expectSameSamples(readAudio(folder / "double.wav"), readAudio(folder / "float.wav"));
 }
 
 TEST(OurPlugin, MonoInputFeedsBothInputsAndComesBackStereo) {
-    ScratchFolder folder;
+    TempFolder folder;
     const TestAudio mono = makeTestSignal(1, 44100, 8000);
-    writeAudio(folder.file("mono.wav"), mono);
+    writeAudio(folder / "mono.wav", mono);
     const ToolRun run =
-        zephyra({"render", folder.file("mono.wav"), folder.file("out.wav"), "--program", "1"});
+        zephyra({"render", folder / "mono.wav", folder / "out.wav", "--program", "1"});
     ASSERT_EQ(run.exitCode, 0) << run.err;
-    const TestAudio output = readAudio(folder.file("out.wav"));
+    const TestAudio output = readAudio(folder / "out.wav");
     ASSERT_EQ(output.channels, 2);
 
     TestAudio stereo{2, 44100, {}};
@@ -130,46 +133,31 @@ TEST(OurPlugin, MonoInputFeedsBothInputsAndComesBackStereo) {
     expectSameSamples(output, direct.process(stereo, output.frames()));
 }
 
-struct DisplayCase {
-    const char* assignment;
-    int index;
-    double normalised;
-    double tolerance;
-    const char* display;
-};
-
-class SetInDisplayUnits : public testing::TestWithParam<DisplayCase> {};
-
-TEST_P(SetInDisplayUnits, LandsOnTheNormalisedValue) {
-    const ToolRun run = zephyra({"info", "--json", "--set", GetParam().assignment});
-    ASSERT_EQ(run.exitCode, 0) << run.err;
-    EXPECT_NEAR(parameterValue(run.out, GetParam().index), GetParam().normalised,
-                GetParam().tolerance);
-    EXPECT_EQ(parameterDisplay(run.out, GetParam().index), GetParam().display);
+TEST(OurPlugin, ValuesSetInDisplayUnitsLandOnTheirNormalisedValue) {
+    const struct {
+        const char* assignment;
+        int index;
+        double normalised, tolerance;
+        const char* display;
+    } cases[] = {{"Gain1=+6", 4, 0.75, 1e-6, "6.0"},
+                 {"Gain2=-12dB", 8, 0.0, 0.0, "-12.0"},
+                 {"Freq1=2000", 5, 1980.0 / 19980.0, 1e-6, "2000.0"},
+                 {"Freq2=20000", 9, 1.0, 0.0, "20000.0"},
+                 {"Q1=2.5", 6, 2.2 / 9.7, 1e-6, "2.5"},
+                 {"Type1=PEAK", 3, 0.5, 0.0, "PEAK"},
+                 {"Type1=hi", 3, 1.0, 0.0, "Hi"},
+                 {"Type2=LOW", 7, 0.0, 0.0, "LOW"},
+                 // 6 dB per doubling: -6 dB is the factor 0.5 of the 0.001..2 range.
+                 {"Output=-6", 1, 0.499 / 1.999, 1e-4, "-6.0"},
+                 {"ON/OFF=OFF", 0, 0.0, 0.0, "OFF"}};
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.assignment);
+        const ToolRun run = zephyra({"info", "--json", "--set", c.assignment});
+        ASSERT_EQ(run.exitCode, 0) << run.err;
+        EXPECT_NEAR(parameterValue(run.out, c.index), c.normalised, c.tolerance);
+        EXPECT_EQ(parameterDisplay(run.out, c.index), c.display);
+    }
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Tool, SetInDisplayUnits,
-    testing::Values(DisplayCase{"Gain1=+6", 4, 0.75, 1e-6, "6.0"},
-                    DisplayCase{"Gain2=-12dB", 8, 0.0, 0.0, "-12.0"},
-                    DisplayCase{"Freq1=2000", 5, 1980.0 / 19980.0, 1e-6, "2000.0"},
-                    DisplayCase{"Freq2=20000", 9, 1.0, 0.0, "20000.0"},
-                    DisplayCase{"Q1=2.5", 6, 2.2 / 9.7, 1e-6, "2.5"},
-                    DisplayCase{"Type1=PEAK", 3, 0.5, 0.0, "PEAK"},
-                    DisplayCase{"Type1=hi", 3, 1.0, 0.0, "Hi"},
-                    DisplayCase{"Type2=LOW", 7, 0.0, 0.0, "LOW"},
-                    // 6 dB per doubling: -6 dB is the factor 0.5 of the 0.001..2 range.
-                    DisplayCase{"Output=-6", 1, 0.499 / 1.999, 1e-4, "-6.0"},
-                    DisplayCase{"ON/OFF=OFF", 0, 0.0, 0.0, "OFF"}),
-    [](const testing::TestParamInfo<DisplayCase>& info) {
-        std::string name = info.param.assignment;
-        for (char& c : name) {
-            if (!std::isalnum(static_cast<unsigned char>(c))) {
-                c = '_';
-            }
-        }
-        return name;
-    });
 
 struct Band {
     int type;
@@ -210,16 +198,16 @@ class PlotOfOurPlugin : public testing::TestWithParam<PlotCase> {};
 
 TEST_P(PlotOfOurPlugin, AgreesWithTheAnalyticResponse) {
     constexpr double kRate = 48000.0;
-    ScratchFolder folder;
-    std::vector<std::string> arguments = {"plot", folder.file("response.png"), "--csv",
-                                          folder.file("response.csv")};
+    TempFolder folder;
+    std::vector<std::string> arguments = {"plot", folder / "response.png", "--csv",
+                                          (folder / "response.csv")};
     for (const std::string& assignment : GetParam().settings) {
         arguments.insert(arguments.end(), {"--set", assignment});
     }
     const ToolRun run = zephyra(arguments);
     ASSERT_EQ(run.exitCode, 0) << run.err;
 
-    std::istringstream table(readText(folder.file("response.csv")));
+    std::istringstream table(ReadWholeFile(folder / "response.csv"));
     std::string line;
     std::getline(table, line);
     EXPECT_EQ(line, "frequency_hz,magnitude_db,phase_degrees");
@@ -237,7 +225,7 @@ TEST_P(PlotOfOurPlugin, AgreesWithTheAnalyticResponse) {
     EXPECT_GT(largestDb, 5.0); // a flat line would agree with a flat mistake
 
     cairo_surface_t* picture =
-        cairo_image_surface_create_from_png(folder.file("response.png").c_str());
+        cairo_image_surface_create_from_png((folder / "response.png").c_str());
     EXPECT_EQ(cairo_surface_status(picture), CAIRO_STATUS_SUCCESS);
     EXPECT_EQ(cairo_image_surface_get_width(picture), 900);
     EXPECT_EQ(cairo_image_surface_get_height(picture), 500);
@@ -261,7 +249,7 @@ INSTANTIATE_TEST_SUITE_P(
     [](const testing::TestParamInfo<PlotCase>& info) { return std::string(info.param.name); });
 
 TEST(OurPlugin, ChunkBankBringsItsProgramsAndSelection) {
-    ScratchFolder folder;
+    TempFolder folder;
     // 64 records of 11 normalised values and a 28-byte name; the selected program rides in
     // bytes 68..71, at the end of the first record's name.
     constexpr std::size_t kRecord = 72;
@@ -276,17 +264,9 @@ TEST(OurPlugin, ChunkBankBringsItsProgramsAndSelection) {
     }
     const int32_t selected = 42;
     std::memcpy(&chunk[68], &selected, sizeof selected);
-    std::string bank(160, '\0');
-    bank.replace(0, 4, "CcnK");
-    bank.replace(8, 4, "FBCh");
-    bank.replace(16, 4, "VeEQ");
-    const uint32_t size = static_cast<uint32_t>(chunk.size());
-    for (int i = 0; i < 4; ++i) {
-        bank[156 + i] = static_cast<char>((size >> (24 - 8 * i)) & 0xFF);
-    }
-    writeText(folder.file("test.fxb"), bank + chunk);
+    WriteWholeFile(folder / "test.fxb", ChunkBank(chunk, "VeEQ"));
 
-    const ToolRun run = zephyra({"info", "--json", "--bank", folder.file("test.fxb")});
+    const ToolRun run = zephyra({"info", "--json", "--bank", folder / "test.fxb"});
     ASSERT_EQ(run.exitCode, 0) << run.err;
     EXPECT_EQ(jsonField(run.out, "currentProgram"), "42");
     EXPECT_NEAR(parameterValue(run.out, 4), 42.0 / 63.0, 1e-6);
@@ -294,17 +274,17 @@ TEST(OurPlugin, ChunkBankBringsItsProgramsAndSelection) {
 }
 
 TEST(OurPlugin, IsTheDefaultPluginAndRendersTheDemo) {
-    ScratchFolder folder;
+    TempFolder folder;
     const ToolRun info = runZephyra({"info", "--json"});
     ASSERT_EQ(info.exitCode, 0) << info.err;
     EXPECT_EQ(jsonField(info.out, "name"), "Zephyra");
     EXPECT_EQ(jsonField(info.out, "uniqueId"), "VeEQ");
 
     const ToolRun demo = runZephyra(
-        {"render", "--demo", folder.file("demo.flac"), "--program", "1", "--rate", "44100"});
+        {"render", "--demo", folder / "demo.flac", "--program", "1", "--rate", "44100"});
     ASSERT_EQ(demo.exitCode, 0) << demo.err;
-    EXPECT_NE(demo.out.find("wrote " + folder.file("demo.flac")), std::string::npos);
-    const TestAudio output = readAudio(folder.file("demo.flac"));
+    EXPECT_NE(demo.out.find("wrote " + (folder / "demo.flac")), std::string::npos);
+    const TestAudio output = readAudio(folder / "demo.flac");
     EXPECT_EQ(output.channels, 2);
     EXPECT_EQ(output.sampleRate, 44100);
     EXPECT_GE(output.frames(), 7 * 44100);

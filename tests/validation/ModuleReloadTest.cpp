@@ -1,6 +1,5 @@
-// The shipped module loaded and unloaded again and again, as hosts do when they scan
-// their plug-in folders or reopen a project: every load gives a working effect, and no
-// load leaves memory, a file descriptor, a thread or a mapping behind.
+// The module loaded and unloaded again and again, as hosts scanning do: every load works,
+// and none leaves memory, a file descriptor, a thread or a mapping behind.
 #include "tools/PluginInstance.h"
 #include "tests/validation/support/ProcessResources.h"
 #include "tests/support/TempFolder.h"

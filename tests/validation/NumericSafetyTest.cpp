@@ -1,6 +1,5 @@
-// Hostile stream settings: sample rates and block sizes no audio system uses. Each is
-// refused and the last valid setting stays, which shows as output identical to an
-// effect that never received the hostile value.
+// Sample rates and block sizes no audio system uses are refused: the output equals that of
+// an effect that never received them.
 #include "tests/validation/support/PluginChecks.h"
 
 #include <gtest/gtest.h>
@@ -16,14 +15,7 @@ using Limits = std::numeric_limits<float>;
 constexpr float kValidRate = 48000.0f;
 constexpr int32_t kValidBlock = 512;
 
-struct HostileSetting {
-    const char* name;
-    int32_t opcode;
-    intptr_t value;
-    float opt;
-};
-
-const HostileSetting kHostileSettings[] = {
+const HostRequest kHostileSettings[] = {
     {"RateZero", effSetSampleRate, 0, 0.0f},
     {"RateNegativeZero", effSetSampleRate, 0, -0.0f},
     {"RateNegative", effSetSampleRate, 0, -44100.0f},
@@ -54,54 +46,40 @@ void shapeTheSound(HostedPlugin& plugin) {
     plugin.SetParameter(kParamFreq2, 0.1f);
 }
 
-void expectSameOutput(HostedPlugin& plugin, HostedPlugin& reference, bool doublePrecision) {
+template <typename Sample>
+void expectSameOutput(HostedPlugin& plugin, HostedPlugin& reference) {
     Noise noise(5);
     for (int block = 0; block < 8; ++block) {
         const int frames = block == 0 ? 1 : kValidBlock - block;
-        if (doublePrecision) {
-            GuardedStereo<double> input(frames), expected(frames), output(frames);
-            input.Fill(noise, 1.0f);
-            reference.ProcessDouble(input.Channels(), expected.Channels(), frames);
-            plugin.ProcessDouble(input.Channels(), output.Channels(), frames);
-            ASSERT_TRUE(output.AllFinite() && output.GuardsIntact());
-            for (int c = 0; c < 2; ++c) {
-                ASSERT_TRUE(
-                    std::equal(output.Channel(c), output.Channel(c) + frames, expected.Channel(c)));
-            }
-        } else {
-            GuardedStereo<float> input(frames), expected(frames), output(frames);
-            input.Fill(noise, 1.0f);
-            reference.Process(input.Channels(), expected.Channels(), frames);
-            plugin.Process(input.Channels(), output.Channels(), frames);
-            ASSERT_TRUE(output.AllFinite() && output.GuardsIntact());
-            for (int c = 0; c < 2; ++c) {
-                ASSERT_TRUE(
-                    std::equal(output.Channel(c), output.Channel(c) + frames, expected.Channel(c)));
-            }
+        GuardedStereo<Sample> input(frames), expected(frames), output(frames);
+        input.Fill(noise, 1.0f);
+        reference.Process(input.Channels(), expected.Channels(), frames);
+        plugin.Process(input.Channels(), output.Channels(), frames);
+        ASSERT_TRUE(output.AllFinite() && output.GuardsIntact());
+        for (int c = 0; c < 2; ++c) {
+            ASSERT_TRUE(
+                std::equal(output.Channel(c), output.Channel(c) + frames, expected.Channel(c)));
         }
     }
 }
 
-class HostileStreamSetting : public testing::TestWithParam<HostileSetting> {};
+class HostileStreamSetting : public testing::TestWithParam<HostRequest> {};
 
 TEST_P(HostileStreamSetting, KeepsTheLastValidSetting) {
-    for (const bool doublePrecision : {false, true}) {
-        HostedPlugin plugin, reference;
-        for (HostedPlugin* p : {&plugin, &reference}) {
-            p->Start(kValidRate, kValidBlock);
-            shapeTheSound(*p);
-        }
-        const HostileSetting& setting = GetParam();
-        plugin.Dispatch(setting.opcode, 0, setting.value, nullptr, setting.opt);
-        expectSameOutput(plugin, reference, doublePrecision);
+    HostedPlugin plugin, reference;
+    for (HostedPlugin* p : {&plugin, &reference}) {
+        p->Start(kValidRate, kValidBlock);
+        shapeTheSound(*p);
     }
+    plugin.Dispatch(GetParam());
+    expectSameOutput<float>(plugin, reference);
+    expectSameOutput<double>(plugin, reference);
 }
 
 // The same value arriving before any valid one: the effect keeps its defaults.
 TEST_P(HostileStreamSetting, BeforeAnyValidSettingKeepsTheDefaults) {
     HostedPlugin plugin;
-    const HostileSetting& setting = GetParam();
-    plugin.Dispatch(setting.opcode, 0, setting.value, nullptr, setting.opt);
+    plugin.Dispatch(GetParam());
     plugin.Dispatch(effOpen);
     plugin.Dispatch(effMainsChanged, 0, 1);
     shapeTheSound(plugin);
@@ -112,7 +90,7 @@ TEST_P(HostileStreamSetting, BeforeAnyValidSettingKeepsTheDefaults) {
 }
 
 INSTANTIATE_TEST_SUITE_P(NumericSafety, HostileStreamSetting, testing::ValuesIn(kHostileSettings),
-                         [](const testing::TestParamInfo<HostileSetting>& info) {
+                         [](const testing::TestParamInfo<HostRequest>& info) {
                              return info.param.name;
                          });
 
@@ -138,7 +116,7 @@ TEST(NumericSafety, EmptyAndNegativeBlocksTouchNothing) {
         plugin.Process(input.Channels(), output.Channels(), frames);
         EXPECT_TRUE(input.GuardsIntact() && output.GuardsIntact()) << frames;
         GuardedStereo<double> inputDouble(0), outputDouble(0);
-        plugin.ProcessDouble(inputDouble.Channels(), outputDouble.Channels(), frames);
+        plugin.Process(inputDouble.Channels(), outputDouble.Channels(), frames);
         EXPECT_TRUE(inputDouble.GuardsIntact() && outputDouble.GuardsIntact()) << frames;
     }
 }

@@ -1,9 +1,5 @@
-// The host's two threads on one effect at once: the audio thread processes blocks of
-// every length up to the block size in both precisions and automates parameters, while
-// the user-interface thread moves controls, types values, changes, copies and reverts
-// programs, trades chunks with the effect and polls the meters. Built with
-// ThreadSanitizer this shows every unsynchronised access; in any build it shows that
-// the audio stays finite and nothing is lost.
+// The audio thread and the user-interface thread on one effect at once (ThreadSanitizer
+// shows any unsynchronised access): the audio stays finite and no block is lost.
 #include "tests/validation/support/PluginChecks.h"
 
 #include <gtest/gtest.h>
@@ -39,7 +35,7 @@ void runAudioThread(HostedPlugin& plugin, const std::atomic<bool>& stop, std::at
             plugin.Process(in.Channels(), out.Channels(), frames);
             result.blocksNotFinite += out.AllFinite(frames) && out.GuardsIntact() ? 0 : 1;
         } else {
-            plugin.ProcessDouble(inDouble.Channels(), outDouble.Channels(), frames);
+            plugin.Process(inDouble.Channels(), outDouble.Channels(), frames);
             result.blocksNotFinite +=
                 outDouble.AllFinite(frames) && outDouble.GuardsIntact() ? 0 : 1;
         }

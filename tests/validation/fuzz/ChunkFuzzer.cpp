@@ -1,7 +1,5 @@
-// A host restoring a project hands back a chunk: a whole bank or one program, of any
-// size and content, perhaps from another version or another plug-in, perhaps damaged.
-// Whatever arrives, the effect keeps working, and the chunk it gives afterwards restores
-// exactly the same state in a fresh effect.
+// Any chunk, bank or program, of any size: the effect keeps working, and the chunk it gives
+// afterwards restores exactly the same state in a fresh effect.
 #include "tests/validation/fuzz/FuzzInput.h"
 #include "tests/validation/support/PluginChecks.h"
 

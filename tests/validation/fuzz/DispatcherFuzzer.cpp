@@ -1,9 +1,5 @@
-// A host that sends any sequence of requests with any index, value and opt: every
-// dispatcher opcode (and some no version knows), processing in both precisions, and
-// parameter calls through the record. Pointers are always what a well-behaved host
-// passes for the opcode: a large zeroed buffer, a terminated text, a chunk of the size
-// claimed (at least one bank), or a valid record. effClose ends the effect and the host
-// makes a new one, as it would; effEditOpen is left out, since it needs a real window.
+// Any sequence of requests with any index, value and opt, with the pointers a well-behaved
+// host passes for each opcode. effClose makes a new effect; effEditOpen needs a window.
 #include "tests/validation/fuzz/FuzzInput.h"
 #include "tests/validation/support/PluginChecks.h"
 

@@ -1,10 +1,6 @@
-// A user at the editor doing anything at all: presses, releases, drags, wheel turns and
-// double clicks anywhere on the panel and beyond its edges, keys of any code and
-// character under any modifiers, while the host automates, plays audio, changes programs,
-// idles and closes and reopens the editor in between. The copy menu and the save dialog
-// that clicks open see the events that follow, as a user would use them, and the host
-// goes on meanwhile, closing the editor under them too. Afterwards every parameter is
-// displayable and the audio finite.
+// Any mouse and key events on the editor and its menus and dialogs, while the host
+// automates, plays, changes programs and closes and reopens the editor: afterwards every
+// parameter is displayable and the audio finite.
 #include "toolkit/driver/CHeadlessDriver.h"
 #include "editor/CUIWindow.h"
 #include "editor/CZephyraEditor.h"

@@ -1,15 +1,12 @@
-// The import of a legacy program list and its program files: any list, any entry names,
-// any value lines. The input holds the program files first (a count, then each with a
-// 16-bit length) and the list after them; each entry of the list gets the next program
-// file, when its name can be a file name at all. After the import every program is
-// usable and every name fits the hosts' 24 bytes.
+// Any legacy program list and program files (a count, each file with a 16-bit length, then
+// the list): afterwards every program is usable and every name fits the hosts' 24 bytes.
 #include "tests/validation/fuzz/FuzzInput.h"
+#include "tests/support/TempFolder.h"
 #include "tests/validation/support/PluginChecks.h"
 
 #include <algorithm>
 #include <cstring>
 #include <filesystem>
-#include <fstream>
 
 namespace {
 
@@ -51,10 +48,6 @@ bool usableFileName(const std::string& name) {
     return true;
 }
 
-void writeFile(const std::string& path, const std::string& bytes) {
-    std::ofstream(path, std::ios::binary | std::ios::trunc) << bytes;
-}
-
 std::string nameProblem(HostedPlugin& plugin, int program) {
     char name[64];
     std::memset(name, 0x7f, sizeof(name));
@@ -84,12 +77,12 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     const std::string folder = HostFolders::Get().PluginFolder() + "legacy/";
     std::filesystem::remove_all(folder);
     std::filesystem::create_directories(folder);
-    writeFile(folder + "PROGRAM.LST", list);
+    WriteWholeFile(folder + "PROGRAM.LST", list);
     if (!programFiles.empty()) {
         const std::vector<std::string> names = entryNames(list);
         for (size_t entry = 0; entry < names.size(); ++entry) {
             if (usableFileName(names[entry])) {
-                writeFile(folder + names[entry] + ".PGM",
+                WriteWholeFile(folder + names[entry] + ".PGM",
                           programFiles[entry % programFiles.size()]);
             }
         }

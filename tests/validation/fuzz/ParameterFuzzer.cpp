@@ -1,6 +1,4 @@
-// Parameter values of every float, NaN and infinities included, through the three ways
-// a value enters the effect: the host's automation, a control on the panel, and a number
-// typed in display units. Indices are mostly the eleven parameters, sometimes anything.
+// Any float through automation, the panel and typing, at mostly valid indices.
 #include "tests/validation/fuzz/FuzzInput.h"
 #include "tests/validation/support/PluginChecks.h"
 

@@ -1,6 +1,5 @@
-// Runs a fuzz target over stored inputs without libFuzzer, so that ordinary builds (and
-// their sanitizers) replay the corpus on every test run. Arguments are files or folders
-// of files; a replay that finds no input at all fails, since it would prove nothing.
+// Replays a fuzz target's stored inputs (files or folders) without libFuzzer; finding no
+// input fails, since it would prove nothing.
 #include "tests/validation/fuzz/FuzzInput.h"
 
 #include <algorithm>

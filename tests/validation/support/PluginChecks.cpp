@@ -58,11 +58,7 @@ std::string blockProblem(HostedPlugin& plugin, Noise& noise, int frames) {
     const std::vector<Sample> before[2] = {
         std::vector<Sample>(input.Channel(0), input.Channel(0) + input.Frames()),
         std::vector<Sample>(input.Channel(1), input.Channel(1) + input.Frames())};
-    if constexpr (sizeof(Sample) == sizeof(float)) {
-        plugin.Process(input.Channels(), output.Channels(), frames);
-    } else {
-        plugin.ProcessDouble(input.Channels(), output.Channels(), frames);
-    }
+    plugin.Process(input.Channels(), output.Channels(), frames);
     const std::string block = std::to_string(frames) + "-frame block: ";
     if (!output.AllFinite()) {
         return block + "output not finite";

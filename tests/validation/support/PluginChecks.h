@@ -1,6 +1,5 @@
-// What must hold after anything a host does to the effect, however hostile. Each check
-// answers an empty string when all is well, else a description of what went wrong, so
-// the same checks serve the tests (as expectations) and the fuzzers (as aborts).
+// What must hold after anything a host does. Each check answers "" or the problem, for the
+// tests to expect and the fuzzers to abort on.
 #pragma once
 
 #include "tests/validation/support/TestSignal.h"

@@ -1,7 +1,7 @@
-// Replacements for the C library's allocation functions, operator new and delete, and
-// the blocking entry points of the threads library. Each forwards to the real function
-// and, on a thread inside a RealtimeProbe scope, counts the call. Linked only into
-// binaries built without a sanitizer, whose runtimes replace the same functions.
+// Replacements for the C library's allocation functions, operator new and delete, and the
+// blocking entry points of the threads library. Each forwards to the real function and, on
+// a thread inside a RealtimeProbe scope, counts the call. Linked only into binaries built
+// without a sanitizer, whose runtimes replace the same functions.
 #include "tests/validation/support/RealtimeProbe.h"
 
 #include <dlfcn.h>
@@ -20,18 +20,8 @@ void* __libc_memalign(size_t alignment, size_t size);
 
 namespace {
 
-struct Watch {
-    bool active = false;
-    long allocations = 0;
-    long releases = 0;
-    size_t bytes = 0;
-    long otherBlocking = 0;
-    int lockCount = 0;
-    const pthread_mutex_t* locks[RealtimeProbe::kMaxLocks] = {};
-};
-
 // Plain thread-local data of the executable: reaching it never allocates.
-thread_local Watch t_watch;
+thread_local RealtimeCounts t_watch;
 
 void countAllocation(size_t bytes) {
     if (t_watch.active) {
@@ -47,15 +37,8 @@ void countRelease(void* pointer) {
 }
 
 void countLock(const pthread_mutex_t* mutex) {
-    if (!t_watch.active) {
-        return;
-    }
-    for (int i = 0; i < t_watch.lockCount; ++i) {
-        if (t_watch.locks[i] == mutex) {
-            return;
-        }
-    }
-    if (t_watch.lockCount < RealtimeProbe::kMaxLocks) {
+    if (t_watch.active && !t_watch.Locked(mutex) &&
+        t_watch.lockCount < RealtimeCounts::kMaxLocks) {
         t_watch.locks[t_watch.lockCount++] = mutex;
     }
 }
@@ -75,34 +58,25 @@ template <typename Function> Function real(Function& slot, const char* name) {
     return slot;
 }
 
-using MutexFunction = int (*)(pthread_mutex_t*);
-using RwLockFunction = int (*)(pthread_rwlock_t*);
-using CondWaitFunction = int (*)(pthread_cond_t*, pthread_mutex_t*);
-using SemFunction = int (*)(sem_t*);
-using SpinFunction = int (*)(pthread_spinlock_t*);
+void* allocate(size_t size, size_t alignment, bool mayThrow) {
+    countAllocation(size);
+    size = size ? size : 1;
+    void* pointer = alignment ? __libc_memalign(alignment, size) : __libc_malloc(size);
+    if (!pointer && mayThrow) {
+        throw std::bad_alloc();
+    }
+    return pointer;
+}
 
-MutexFunction g_mutexLock;
-MutexFunction g_mutexTryLock;
-RwLockFunction g_rdLock;
-RwLockFunction g_wrLock;
-CondWaitFunction g_condWait;
-SemFunction g_semWait;
-SpinFunction g_spinLock;
-
-[[gnu::constructor]] void resolveRealFunctions() {
-    real(g_mutexLock, "pthread_mutex_lock");
-    real(g_mutexTryLock, "pthread_mutex_trylock");
-    real(g_rdLock, "pthread_rwlock_rdlock");
-    real(g_wrLock, "pthread_rwlock_wrlock");
-    real(g_condWait, "pthread_cond_wait");
-    real(g_semWait, "sem_wait");
-    real(g_spinLock, "pthread_spin_lock");
+void release(void* pointer) {
+    countRelease(pointer);
+    __libc_free(pointer);
 }
 
 } // namespace
 
 RealtimeProbe::RealtimeProbe() {
-    t_watch = Watch();
+    t_watch = RealtimeCounts();
     t_watch.active = true;
 }
 
@@ -110,40 +84,41 @@ RealtimeProbe::~RealtimeProbe() {
     t_watch.active = false;
 }
 
-long RealtimeProbe::Allocations() const {
-    return t_watch.allocations;
+const RealtimeCounts* RealtimeProbe::operator->() const {
+    return &t_watch;
 }
 
-long RealtimeProbe::Releases() const {
-    return t_watch.releases;
-}
-
-size_t RealtimeProbe::BytesRequested() const {
-    return t_watch.bytes;
-}
-
-long RealtimeProbe::OtherBlockingCalls() const {
-    return t_watch.otherBlocking;
-}
-
-int RealtimeProbe::LockCount() const {
-    return t_watch.lockCount;
-}
-
-const pthread_mutex_t* RealtimeProbe::Lock(int i) const {
-    return t_watch.locks[i];
-}
-
-bool RealtimeProbe::Locked(const pthread_mutex_t* mutex) const {
-    for (int i = 0; i < t_watch.lockCount; ++i) {
-        if (t_watch.locks[i] == mutex) {
-            return true;
-        }
+// Each blocking entry point of the threads library: the real function's slot, and a
+// replacement that counts the call and forwards it.
+#define ZEPHYRA_PROBE_BLOCKING(name, Param, count)                                                \
+    static int (*g_##name)(Param*);                                                                \
+    extern "C" int name(Param* object) {                                                           \
+        count;                                                                                     \
+        return real(g_##name, #name)(object);                                                      \
     }
-    return false;
+
+ZEPHYRA_PROBE_BLOCKING(pthread_mutex_lock, pthread_mutex_t, countLock(object))
+ZEPHYRA_PROBE_BLOCKING(pthread_mutex_trylock, pthread_mutex_t, countLock(object))
+ZEPHYRA_PROBE_BLOCKING(pthread_rwlock_rdlock, pthread_rwlock_t, countOtherBlocking())
+ZEPHYRA_PROBE_BLOCKING(pthread_rwlock_wrlock, pthread_rwlock_t, countOtherBlocking())
+ZEPHYRA_PROBE_BLOCKING(sem_wait, sem_t, countOtherBlocking())
+ZEPHYRA_PROBE_BLOCKING(pthread_spin_lock, pthread_spinlock_t, countOtherBlocking())
+
+static int (*g_pthread_cond_wait)(pthread_cond_t*, pthread_mutex_t*);
+extern "C" int pthread_cond_wait(pthread_cond_t* condition, pthread_mutex_t* mutex) {
+    countOtherBlocking();
+    return real(g_pthread_cond_wait, "pthread_cond_wait")(condition, mutex);
 }
 
-// --- The C library's allocation functions --------------------------------------------
+[[gnu::constructor]] static void resolveRealFunctions() {
+    real(g_pthread_mutex_lock, "pthread_mutex_lock");
+    real(g_pthread_mutex_trylock, "pthread_mutex_trylock");
+    real(g_pthread_rwlock_rdlock, "pthread_rwlock_rdlock");
+    real(g_pthread_rwlock_wrlock, "pthread_rwlock_wrlock");
+    real(g_pthread_cond_wait, "pthread_cond_wait");
+    real(g_sem_wait, "sem_wait");
+    real(g_pthread_spin_lock, "pthread_spin_lock");
+}
 
 extern "C" {
 
@@ -163,8 +138,7 @@ void* realloc(void* pointer, size_t size) {
 }
 
 void free(void* pointer) {
-    countRelease(pointer);
-    __libc_free(pointer);
+    release(pointer);
 }
 
 void* memalign(size_t alignment, size_t size) {
@@ -187,115 +161,22 @@ int posix_memalign(void** result, size_t alignment, size_t size) {
     return 0;
 }
 
-// --- The threads library's blocking calls ---------------------------------------------
-
-int pthread_mutex_lock(pthread_mutex_t* mutex) {
-    countLock(mutex);
-    return real(g_mutexLock, "pthread_mutex_lock")(mutex);
-}
-
-int pthread_mutex_trylock(pthread_mutex_t* mutex) {
-    countLock(mutex);
-    return real(g_mutexTryLock, "pthread_mutex_trylock")(mutex);
-}
-
-int pthread_rwlock_rdlock(pthread_rwlock_t* lock) {
-    countOtherBlocking();
-    return real(g_rdLock, "pthread_rwlock_rdlock")(lock);
-}
-
-int pthread_rwlock_wrlock(pthread_rwlock_t* lock) {
-    countOtherBlocking();
-    return real(g_wrLock, "pthread_rwlock_wrlock")(lock);
-}
-
-int pthread_cond_wait(pthread_cond_t* condition, pthread_mutex_t* mutex) {
-    countOtherBlocking();
-    return real(g_condWait, "pthread_cond_wait")(condition, mutex);
-}
-
-int sem_wait(sem_t* semaphore) {
-    countOtherBlocking();
-    return real(g_semWait, "sem_wait")(semaphore);
-}
-
-int pthread_spin_lock(pthread_spinlock_t* lock) {
-    countOtherBlocking();
-    return real(g_spinLock, "pthread_spin_lock")(lock);
-}
-
 } // extern "C"
 
-// --- operator new and delete ------------------------------------------------------------
-// Replaced as well, so a standard library that does not build them on malloc is still
-// seen.
+// operator new and delete as well, so a standard library that does not build them on malloc
+// is still seen.
+#define ZEPHYRA_PROBE_NEW(parameters, ...)                                                         \
+    void* operator new parameters { return allocate(__VA_ARGS__); }                                \
+    void* operator new[] parameters { return allocate(__VA_ARGS__); }
+#define ZEPHYRA_PROBE_DELETE(parameters)                                                           \
+    void operator delete parameters noexcept { release(pointer); }                                 \
+    void operator delete[] parameters noexcept { release(pointer); }
 
-namespace {
-
-void* allocateOrThrow(size_t size) {
-    countAllocation(size);
-    if (void* pointer = __libc_malloc(size ? size : 1)) {
-        return pointer;
-    }
-    throw std::bad_alloc();
-}
-
-void* allocateAlignedOrThrow(size_t size, std::align_val_t alignment) {
-    countAllocation(size);
-    if (void* pointer = __libc_memalign(static_cast<size_t>(alignment), size ? size : 1)) {
-        return pointer;
-    }
-    throw std::bad_alloc();
-}
-
-void release(void* pointer) {
-    countRelease(pointer);
-    __libc_free(pointer);
-}
-
-} // namespace
-
-void* operator new(size_t size) {
-    return allocateOrThrow(size);
-}
-void* operator new[](size_t size) {
-    return allocateOrThrow(size);
-}
-void* operator new(size_t size, const std::nothrow_t&) noexcept {
-    countAllocation(size);
-    return __libc_malloc(size ? size : 1);
-}
-void* operator new[](size_t size, const std::nothrow_t&) noexcept {
-    countAllocation(size);
-    return __libc_malloc(size ? size : 1);
-}
-void* operator new(size_t size, std::align_val_t alignment) {
-    return allocateAlignedOrThrow(size, alignment);
-}
-void* operator new[](size_t size, std::align_val_t alignment) {
-    return allocateAlignedOrThrow(size, alignment);
-}
-void operator delete(void* pointer) noexcept {
-    release(pointer);
-}
-void operator delete[](void* pointer) noexcept {
-    release(pointer);
-}
-void operator delete(void* pointer, size_t) noexcept {
-    release(pointer);
-}
-void operator delete[](void* pointer, size_t) noexcept {
-    release(pointer);
-}
-void operator delete(void* pointer, std::align_val_t) noexcept {
-    release(pointer);
-}
-void operator delete[](void* pointer, std::align_val_t) noexcept {
-    release(pointer);
-}
-void operator delete(void* pointer, size_t, std::align_val_t) noexcept {
-    release(pointer);
-}
-void operator delete[](void* pointer, size_t, std::align_val_t) noexcept {
-    release(pointer);
-}
+ZEPHYRA_PROBE_NEW((size_t size), size, 0, true)
+ZEPHYRA_PROBE_NEW((size_t size, const std::nothrow_t&) noexcept, size, 0, false)
+ZEPHYRA_PROBE_NEW((size_t size, std::align_val_t alignment), size, static_cast<size_t>(alignment),
+                  true)
+ZEPHYRA_PROBE_DELETE((void* pointer))
+ZEPHYRA_PROBE_DELETE((void* pointer, size_t))
+ZEPHYRA_PROBE_DELETE((void* pointer, std::align_val_t))
+ZEPHYRA_PROBE_DELETE((void* pointer, size_t, std::align_val_t))

@@ -1,33 +1,44 @@
 // Watches the calling thread for what the audio thread must never do: allocate or free
-// memory, or take a lock other than the few it is allowed. The test binary that links
-// RealtimeProbe.cpp replaces the allocation functions and the mutex entry points of the
-// C library for the whole process; only the thread inside a RealtimeProbe scope is
-// counted, so the test framework on other threads does not disturb the figures.
+// memory, or take a lock other than the few it is allowed. The binary that links
+// RealtimeProbe.cpp replaces the allocation functions and the blocking entry points of the
+// C library for the whole process; only a thread inside a RealtimeProbe scope is counted,
+// so the test framework's other threads do not disturb the figures.
 #pragma once
 
 #include <pthread.h>
 
 #include <cstddef>
 
-class RealtimeProbe {
-public:
+// What the thread did since its scope began.
+struct RealtimeCounts {
     static constexpr int kMaxLocks = 16;
 
+    bool active = false;
+    long allocations = 0; // calls to any allocation function
+    long releases = 0;
+    size_t bytes = 0; // asked for
+    // Calls that may block on something other than a plain mutex (read-write locks,
+    // semaphores, condition variables, spin locks).
+    long otherBlocking = 0;
+    int lockCount = 0; // distinct mutexes locked or tried
+    const pthread_mutex_t* locks[kMaxLocks] = {};
+
+    bool Locked(const pthread_mutex_t* mutex) const {
+        for (int i = 0; i < lockCount; ++i) {
+            if (locks[i] == mutex) {
+                return true;
+            }
+        }
+        return false;
+    }
+};
+
+class RealtimeProbe {
+public:
     RealtimeProbe();
     ~RealtimeProbe();
     RealtimeProbe(const RealtimeProbe&) = delete;
     RealtimeProbe& operator=(const RealtimeProbe&) = delete;
 
-    // Calls to any allocation or release function, and the bytes asked for, since the
-    // scope began.
-    long Allocations() const;
-    long Releases() const;
-    size_t BytesRequested() const;
-    // Calls that may block on something other than a plain mutex (read-write locks,
-    // semaphores, condition variables, spin locks).
-    long OtherBlockingCalls() const;
-    // The distinct mutexes locked (or tried) since the scope began.
-    int LockCount() const;
-    const pthread_mutex_t* Lock(int i) const;
-    bool Locked(const pthread_mutex_t* mutex) const;
+    const RealtimeCounts* operator->() const;
 };

@@ -25,7 +25,6 @@ HostFolders& HostFolders::Get() {
 HostFolders::HostFolders() {
     // Lives as long as the process and is removed with it.
     static TempFolder root;
-    m_root = root.Path();
     m_preferences = root / "config/";
     m_pluginFolder = root / "plugins/";
     std::filesystem::create_directories(m_preferences);
@@ -82,7 +81,7 @@ void HostedPlugin::Process(float** inputs, float** outputs, int32_t frames) {
     m_record->processReplacing(m_record, inputs, outputs, frames);
 }
 
-void HostedPlugin::ProcessDouble(double** inputs, double** outputs, int32_t frames) {
+void HostedPlugin::Process(double** inputs, double** outputs, int32_t frames) {
     m_record->processDoubleReplacing(m_record, inputs, outputs, frames);
 }
 

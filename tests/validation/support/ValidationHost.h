@@ -1,8 +1,6 @@
-// A small host for the validation suite. It creates the effect through the module's entry
-// point and talks to it through the record, as a host does; the C++ object behind the
-// record is reachable for what only the editor calls (meters, typed values, programs).
-// Every effect of the process sees private folders, so nothing the user keeps is read
-// or written.
+// A small host for the validation suite: the effect made through the module's entry point
+// and driven through its record; the object behind the record serves what only the editor
+// calls. Every effect of the process sees private folders, never the user's.
 #pragma once
 
 #include "effect/AZephyra.h"
@@ -17,32 +15,33 @@ class HostFolders {
 public:
     static HostFolders& Get();
 
-    // Both end in "/".
-    const std::string& Preferences() const { return m_preferences; }
-    const std::string& PluginFolder() const { return m_pluginFolder; }
-    // Where the effect looks for its default bank file in each folder.
+    const std::string& PluginFolder() const { return m_pluginFolder; } // ends in "/"
+    // The default bank file in each folder.
     std::string PreferencesBankFile() const;
     std::string PluginFolderBankFile() const;
-    // Removes both default bank files.
     void RemoveBankFiles() const;
 
 private:
     HostFolders();
 
-    std::string m_root;
     std::string m_preferences;
     std::string m_pluginFolder;
 };
 
-// Answered by the command-line host's call-back, which gives it the private plug-in folder;
-// the call-back allocates nothing once the effect is created, so it may be reached from the
-// audio thread.
+// A dispatcher request with a name for messages.
+struct HostRequest {
+    const char* name;
+    int32_t opcode;
+    intptr_t value;
+    float opt;
+};
+
+// Answered by the command-line host's call-back, which allocates nothing once the effect is
+// made, so the audio thread may reach it.
 class HostedPlugin {
 public:
-    // Creates the effect through VSTPluginMain; aborts when the entry point refuses.
-    HostedPlugin();
-    // Closes the effect unless a test closed it already.
-    ~HostedPlugin();
+    HostedPlugin(); // aborts when the entry point gives no effect
+    ~HostedPlugin(); // closes the effect unless a test did
     HostedPlugin(const HostedPlugin&) = delete;
     HostedPlugin& operator=(const HostedPlugin&) = delete;
 
@@ -52,15 +51,15 @@ public:
 
     intptr_t Dispatch(int32_t opcode, int32_t index = 0, intptr_t value = 0, void* ptr = nullptr,
                       float opt = 0.0f);
+    intptr_t Dispatch(const HostRequest& r) { return Dispatch(r.opcode, 0, r.value, nullptr, r.opt); }
     void SetParameter(int32_t index, float value);
     float GetParameter(int32_t index);
     void Process(float** inputs, float** outputs, int32_t frames);
-    void ProcessDouble(double** inputs, double** outputs, int32_t frames);
+    void Process(double** inputs, double** outputs, int32_t frames); // the double path
 
     // What every host does first: effOpen, the sample rate, the block size, mains on.
     void Start(float sampleRate, int32_t blockSize);
-    // effClose: the effect deletes itself and the record is gone.
-    void Close();
+    void Close(); // effClose: the effect deletes itself
 
 private:
     HostState m_host;
