@@ -107,19 +107,7 @@ void AZephyra::setParameterFromDiaplay(int index, float displayValue) {
     const int slot = DisplaySlotOf(index);
     if (slot >= 0) {
         m_fDispVal[slot] = displayValue; // kept unclamped, as typed
-        if (index == kParamOutput || index == kParamInput) {
-            const ParamMinMax& row = AutomateParamMinMax_Tbl[index];
-            float factor = static_cast<float>(std::pow(2.0, displayValue / 6.0));
-            if (!(factor >= static_cast<float>(row.min))) {
-                factor = static_cast<float>(row.min);
-            }
-            if (factor > static_cast<float>(row.max)) {
-                factor = static_cast<float>(row.max);
-            }
-            value = ValToNormalizeValue(index, factor);
-        } else {
-            value = ValToNormalizeValue(index, displayValue);
-        }
+        value = DisplayToNormalizeValue(index, displayValue);
         storeNormalised(index, value);
         pushToEngine(index, value);
     }
@@ -174,7 +162,7 @@ void AZephyra::getParameterDisplay(int32_t index, char* text) {
     }
     if (index == kParamType1 || index == kParamType2) {
         const float type = NormalizeValToInternalVal(index, m_fParam[index]);
-        std::strcpy(text, type == 0.0f ? "LOW" : type == 1.0f ? "PEAK" : "Hi");
+        std::strcpy(text, kFilterTypeWords[type == 0.0f ? 0 : type == 1.0f ? 1 : 2]);
         return;
     }
     // Values past what eight bytes can show are cut rather than overrunning the host's

@@ -18,10 +18,13 @@ const ParamMinMax AutomateParamMinMax_Tbl[kNumParams] = {
 };
 
 const ParamText kParamTexts[kNumParams] = {
-    {"ON/OFF", ""},  {"Output", "dB"}, {"Input", "dB"}, {"Type1", ""},
-    {"Gain1", "dB"}, {"Freq1", "Hz"},  {"Q1", ""},      {"Type2", ""},
-    {"Gain2", "dB"}, {"Freq2", "Hz"},  {"Q2", ""},
+    {"ON/OFF", "", "onoff"},  {"Output", "dB", "output"}, {"Input", "dB", "input"},
+    {"Type1", "", "type1"},   {"Gain1", "dB", "gain1"},   {"Freq1", "Hz", "freq1"},
+    {"Q1", "", "q1"},         {"Type2", "", "type2"},     {"Gain2", "dB", "gain2"},
+    {"Freq2", "Hz", "freq2"}, {"Q2", "", "q2"},
 };
+
+const char* const kFilterTypeWords[kNumFilterTypes] = {"LOW", "PEAK", "Hi"};
 
 const double ln2 = std::log(2.0);
 
@@ -145,6 +148,16 @@ void GetParamMinMax(int index, float* min, float* max) {
         *min = static_cast<float>(row.min);
         *max = static_cast<float>(row.max);
     }
+}
+
+float DisplayToNormalizeValue(int index, float displayValue) {
+    if (!isLevel(index)) {
+        return ValToNormalizeValue(index, displayValue);
+    }
+    const ParamMinMax& row = AutomateParamMinMax_Tbl[index];
+    const auto factor = static_cast<float>(std::pow(2.0, displayValue / 6.0));
+    return ValToNormalizeValue(
+        index, clampLow(factor, static_cast<float>(row.min), static_cast<float>(row.max)));
 }
 
 int DisplaySlotOf(int index) {

@@ -31,12 +31,18 @@ struct ParamMinMax {
 
 extern const ParamMinMax AutomateParamMinMax_Tbl[kNumParams];
 
-// What the host reads about a parameter besides its value.
+// What the host reads about a parameter besides its value. The symbol names it where a
+// plug-in standard keys values by name (sessions and presets keep it, so it never changes).
 struct ParamText {
     const char* name;
     const char* label;
+    const char* symbol;
 };
 extern const ParamText kParamTexts[kNumParams];
+
+// The filter types' words, by type code.
+constexpr int kNumFilterTypes = 3;
+extern const char* const kFilterTypeWords[kNumFilterTypes];
 
 // ln(2), set when the module is loaded: levels are 6 dB per doubling, dB = ln(x)/ln2 * 6.
 extern const double ln2;
@@ -57,6 +63,9 @@ float NormalizeValToInternalVal(int index, float normalised);
 bool OnOffValueIsOn(float value);
 // The value range as the entry field shows it (dB for Output and Input).
 void GetParamMinMax(int index, float* min, float* max);
+// A display value (dB for the levels, the type code, 0 or 1 for ON/OFF) to normalised, as
+// a typed value is stored.
+float DisplayToNormalizeValue(int index, float displayValue);
 
 // Which of the eight display values (continuous parameters only) belongs to a parameter;
 // -1 for the stepped ones.
