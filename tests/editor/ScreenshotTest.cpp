@@ -5,7 +5,7 @@
 #include "toolkit/driver/CHeadlessDriver.h"
 #include "editor/CUIWindow.h"
 #include "editor/CZephyraEditor.h"
-#include "tests/editor/FramePictures.h"
+#include "tests/toolkit/TestImages.h"
 #include "tests/support/RecordingHost.h"
 #include "tests/support/TempFolder.h"
 #include "tests/tools/ToolRunner.h"
@@ -95,8 +95,7 @@ TEST(EditorOnX11, TheScreenShowsWhatThePanelPaints) {
     int differences = 0;
     for (int y = 0; y < height; ++y) {
         for (int x = 0; x < width; ++x)
-            differences +=
-                (SurfacePixel(screen, x, y) & 0xFFFFFF) != (SurfacePixel(panel, x, y) & 0xFFFFFF);
+            differences += PixelOf(screen, x, y) != PixelOf(panel, x, y);
     }
     EXPECT_EQ(differences, 0);
     cairo_surface_destroy(panel);
