@@ -35,8 +35,8 @@ protected:
         ASSERT_TRUE(canvas.CreateBitmapDC(60, 120));
     }
     void TearDown() override { AfxUnregisterResources(kBundle); }
-    std::uint32_t At(int x, int y) { return At(x, y); }
-    std::uint8_t AlphaAt(int x, int y) { return AlphaAt(x, y); }
+    std::uint32_t At(int x, int y) { return PixelOf(canvas.GetBitmapSurface(), x, y); }
+    std::uint8_t AlphaAt(int x, int y) { return AlphaOf(canvas.GetBitmapSurface(), x, y); }
 
     EmbeddedResource table[2];
     CBitmap strip;
