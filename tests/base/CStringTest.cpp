@@ -2,42 +2,28 @@
 
 #include <gtest/gtest.h>
 
-TEST(CString, FormatProducesPrintfText) {
+// Format writes printf's text however long, and may read the string's own old text.
+TEST(CString, FormatProducesPrintfTextOfAnyLengthFromAnySource) {
     CString text;
     text.Format("%d|%.1f|%s|%05d", -12, 2.25, "dB", 42);
     EXPECT_STREQ(text, "-12|2.2|dB|00042");
     EXPECT_EQ(text.GetLength(), 16);
-}
-
-TEST(CString, FormatMayReadItsOwnOldText) {
-    CString text("Gain");
+    text = "Gain";
     text.Format("%s %s", text.GetString(), text.GetString());
     EXPECT_EQ(text, "Gain Gain");
-}
-
-TEST(CString, FormatOfLongTextIsNotTruncated) {
-    CString text;
     text.Format("%0500d", 7);
     EXPECT_EQ(text.GetLength(), 500);
     EXPECT_EQ(text.Right(2), "07");
 }
 
-TEST(CString, NullTextBecomesEmpty) {
-    const CString fromNull(static_cast<const char*>(nullptr));
-    EXPECT_TRUE(fromNull.IsEmpty());
-    EXPECT_STREQ(fromNull, "");
+TEST(CString, ConstructionAndConcatenation) {
+    EXPECT_STREQ(CString(static_cast<const char*>(nullptr)), "");
     CString appended("a");
     appended += static_cast<const char*>(nullptr);
     EXPECT_EQ(appended, "a");
-}
-
-TEST(CString, LengthLimitedConstructionStopsAtNul) {
     EXPECT_EQ(CString("abcdef", 3), "abc");
     EXPECT_EQ(CString("ab\0cd", 5), "ab");
     EXPECT_EQ(CString('-', 3), "---");
-}
-
-TEST(CString, ConcatenationAndComparison) {
     CString text("LOW");
     text += ' ';
     text += CString("PEAK");
@@ -48,15 +34,12 @@ TEST(CString, ConcatenationAndComparison) {
     EXPECT_LT(CString("Hi").Compare("hi"), 0);
 }
 
-TEST(CString, IndexOutsideTheTextReadsNul) {
-    CString text("abc");
-    EXPECT_EQ(text[1], 'b');
-    EXPECT_EQ(text.GetAt(3), '\0');
-    EXPECT_EQ(text.GetAt(-1), '\0');
-}
-
-TEST(CString, SubstringsClampTheirRanges) {
+// Indexes and ranges outside the text read nothing.
+TEST(CString, IndexesAndRangesAreClampedToTheText) {
     const CString text("Zephyra");
+    EXPECT_EQ(text[1], 'e');
+    EXPECT_EQ(text.GetAt(7), '\0');
+    EXPECT_EQ(text.GetAt(-1), '\0');
     EXPECT_EQ(text.Left(3), "Zep");
     EXPECT_EQ(text.Left(99), "Zephyra");
     EXPECT_EQ(text.Mid(4), "yra");

@@ -6,8 +6,6 @@
 
 TEST(CRect, SizeAndCornersFollowLeftTopRightBottom) {
     const CRect rect(10, 20, 40, 70);
-    EXPECT_EQ(rect.Width(), 30);
-    EXPECT_EQ(rect.Height(), 50);
     EXPECT_EQ(rect.Size(), CSize(30, 50));
     EXPECT_EQ(rect.TopLeft(), CPoint(10, 20));
     EXPECT_EQ(rect.BottomRight(), CPoint(40, 70));
@@ -15,6 +13,7 @@ TEST(CRect, SizeAndCornersFollowLeftTopRightBottom) {
     EXPECT_EQ(CRect(CPoint(1, 2), CSize(3, 4)), CRect(1, 2, 4, 6));
 }
 
+// The right and bottom edges lie outside, which the hit tests of the panel rely on.
 TEST(CRect, RightAndBottomEdgesAreOutside) {
     const CRect rect(0, 0, 10, 10);
     EXPECT_TRUE(rect.PtInRect(CPoint(0, 0)));
@@ -27,13 +26,14 @@ TEST(CRect, RightAndBottomEdgesAreOutside) {
 TEST(CRect, EmptinessAndNullness) {
     EXPECT_TRUE(CRect().IsRectEmpty());
     EXPECT_TRUE(CRect().IsRectNull());
+    EXPECT_TRUE(CRect(static_cast<const RECT*>(nullptr)).IsRectNull());
     EXPECT_TRUE(CRect(5, 5, 5, 9).IsRectEmpty());
     EXPECT_TRUE(CRect(5, 5, 2, 9).IsRectEmpty());
     EXPECT_FALSE(CRect(5, 5, 2, 9).IsRectNull());
     EXPECT_FALSE(CRect(0, 0, 1, 1).IsRectEmpty());
 }
 
-TEST(CRect, OffsetAndInflate) {
+TEST(CRect, OffsetInflateIntersectionAndUnion) {
     CRect rect(0, 0, 10, 20);
     rect.OffsetRect(5, -5);
     EXPECT_EQ(rect, CRect(5, -5, 15, 15));
@@ -41,35 +41,23 @@ TEST(CRect, OffsetAndInflate) {
     EXPECT_EQ(rect, CRect(4, -7, 16, 17));
     rect.DeflateRect(1, 2);
     EXPECT_EQ(rect, CRect(5, -5, 15, 15));
-}
 
-TEST(CRect, IntersectionAndUnion) {
     CRect result;
     EXPECT_TRUE(result.IntersectRect(CRect(0, 0, 10, 10), CRect(5, 5, 20, 20)));
     EXPECT_EQ(result, CRect(5, 5, 10, 10));
     EXPECT_FALSE(result.IntersectRect(CRect(0, 0, 10, 10), CRect(10, 0, 20, 10)));
     EXPECT_TRUE(result.IsRectNull());
-
     EXPECT_TRUE(result.UnionRect(CRect(0, 0, 10, 10), CRect(5, 5, 20, 20)));
     EXPECT_EQ(result, CRect(0, 0, 20, 20));
     EXPECT_TRUE(result.UnionRect(CRect(), CRect(3, 3, 4, 4)));
-    EXPECT_EQ(result, CRect(3, 3, 4, 4));
+    EXPECT_EQ(result, CRect(3, 3, 4, 4)) << "an empty rectangle adds nothing";
     EXPECT_FALSE(result.UnionRect(CRect(), CRect(9, 9, 9, 9)));
 }
 
-TEST(CRect, NullPointerBuildsAnEmptyRect) {
-    const RECT* none = nullptr;
-    EXPECT_TRUE(CRect(none).IsRectNull());
-}
-
 TEST(CPoint, LParamPackingSignExtendsBothHalves) {
-    struct Case {
-        int x, y;
-    };
-    for (const Case c : {Case{0, 0}, Case{12, 34}, Case{-1, 5}, Case{7, -2}, Case{-32768, 32767}}) {
-        const CPoint point(c.x, c.y);
-        EXPECT_EQ(CPoint::FromLParam(point.ToLParam()), point) << c.x << "," << c.y;
-    }
+    for (const CPoint point : {CPoint(0, 0), CPoint(12, 34), CPoint(-1, 5), CPoint(7, -2),
+                               CPoint(-32768, 32767)})
+        EXPECT_EQ(CPoint::FromLParam(point.ToLParam()), point) << point.x << "," << point.y;
     EXPECT_EQ(CPoint::FromLParam(0xFFFF0001), CPoint(1, -1));
     EXPECT_EQ(CPoint(3, 4).ToLParam(), 0x00040003);
 }

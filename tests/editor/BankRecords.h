@@ -9,6 +9,11 @@
 
 constexpr std::size_t kBankHeaderBytes = 160;
 
+// What the desktop tests copy from the copy menu (its second choosable entry: program 0 is
+// the current one), and the slot they save into (five steps down from the current program).
+constexpr int kCopiedProgram = 2;
+constexpr int kSavedSlot = 5;
+
 // The program's record in a bank file's bytes; all zero when the file is too short.
 inline ZephyraProgramRecord RecordIn(const std::string& bank, int program) {
     ZephyraProgramRecord record{};

@@ -17,6 +17,14 @@ std::string FirstWindow(const std::string& searchArguments) {
 
 } // namespace
 
+const char* MissingDesktop() {
+    if (std::getenv("DISPLAY") == nullptr)
+        return "no X display; run under xvfb-run";
+    if (!RunCommand("command -v xdotool > /dev/null"))
+        return "xdotool is not installed";
+    return nullptr;
+}
+
 bool RunCommand(const std::string& command) {
     return std::system(command.c_str()) == 0;
 }

@@ -6,6 +6,8 @@
 #include <chrono>
 #include <string>
 
+// Why the tests cannot work a desktop here (no X display, no xdotool); null when they can.
+const char* MissingDesktop();
 // True when the shell command exits with 0.
 bool RunCommand(const std::string& command);
 // What the shell command writes to its standard output.
@@ -18,6 +20,12 @@ std::string FindWindow(const std::string& searchArguments,
 // Waits until `xdotool search` finds no window with these arguments; false when one is
 // still there when the time is up.
 bool WaitForNoWindow(const std::string& searchArguments, std::chrono::milliseconds limit);
+
+// The xdotool command that clicks at the point in the window.
+inline std::string ClickAt(const std::string& window, int x, int y) {
+    return "xdotool mousemove --window " + window + " " + std::to_string(x) + " " +
+           std::to_string(y) + " click 1";
+}
 
 // A window found by its whole title.
 inline std::string FindWindowTitled(const std::string& title) {

@@ -7,11 +7,9 @@ int EditorHost::Differences(const RECT& rect, const CQMTBitmap& bitmap, int sour
     int differences = 0;
     for (int y = rect.top; y < rect.bottom; ++y) {
         for (int x = rect.left; x < rect.right; ++x) {
-            const std::uint32_t wanted =
-                SurfacePixel(bitmap.GetImage(), sourceX + x - rect.left, sourceY + y - rect.top);
-            if ((wanted >> 24) == 0xFF &&
-                (wanted & 0xFFFFFF) != (SurfacePixel(shown, x, y) & 0xFFFFFF))
-                ++differences;
+            const int bx = sourceX + x - rect.left, by = sourceY + y - rect.top;
+            differences += AlphaOf(bitmap.GetImage(), bx, by) == 0xFF &&
+                           PixelOf(bitmap.GetImage(), bx, by) != PixelOf(shown, x, y);
         }
     }
     cairo_surface_destroy(shown);

@@ -1,50 +1,32 @@
 // The floating entry window and its field: what typing does to the text, how the value is
 // reported in tenths, limits on leaving the field, Return and Escape, and the window's size.
 #include "toolkit/CDC.h"
-#include "toolkit/CFrameWnd.h"
-#include "toolkit/driver/CHeadlessDriver.h"
 #include "editor/CQMTFloatEditWnd.h"
+#include "tests/toolkit/HostFixture.h"
 #include "toolkit/platform/KeyCodes.h"
 #include "editor/PanelIds.h"
 #include "toolkit/WinStyles.h"
 
 #include <gtest/gtest.h>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace {
 
-struct Received {
-    UINT message;
-    WPARAM wParam;
-};
+using Told = std::vector<std::pair<UINT, WPARAM>>;
 
-// Stands in for the panel: holds the entry window and writes down what it is told.
-class EntryOwner : public CWnd {
-public:
-    std::vector<Received> received;
-
-    LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override {
-        if (message == WM_ENTRY_RETURN || message == WM_ENTRY_ESCAPE)
-            received.push_back({message, wParam});
-        return CWnd::WindowProc(message, wParam, lParam);
-    }
-};
-
-class EntryField : public ::testing::Test {
+class EntryField : public HostFixture {
 protected:
     void SetUp() override {
-        host = driver.CreateHostWindow(CRect(100, 100, 600, 400));
-        ASSERT_TRUE(frame.SetNativeHandle(host));
-        frame.HostIdle();
-        ASSERT_TRUE(owner.Create(nullptr, "owner", 0x50000000, CRect(0, 0, 400, 200), &frame, 0));
+        HostFixture::SetUp();
+        ASSERT_TRUE(owner.CreateChild(&frame, CRect(0, 0, 400, 200)));
         font.CreatePointFont(12, "Osaka");
         ASSERT_TRUE(entry.MakeWindow(&owner, &owner, "", CRect(), 6, &font, true));
     }
-
     void TearDown() override {
         owner.DestroyWindow();
-        frame.SetNativeHandle(nullptr);
+        HostFixture::TearDown();
     }
 
     // Opens the entry as the panel does: a value in tenths, selected in full.
@@ -71,10 +53,18 @@ protected:
         return text;
     }
 
-    CHeadlessDriver driver;
-    void* host = nullptr;
-    CFrameWnd frame;
-    EntryOwner owner;
+    // How the entry told its owner it ended, with the message's wParam.
+    Told Ends() const {
+        Told ends;
+        for (const ReceivedMessage& m : owner.received) {
+            if (m.message == WM_ENTRY_RETURN || m.message == WM_ENTRY_ESCAPE)
+                ends.emplace_back(m.message, m.wParam);
+        }
+        return ends;
+    }
+
+    // Stands in for the panel: holds the entry window and writes down what it is told.
+    RecordingWnd owner;
     CFont font;
     CQMTFloatEditWnd entry;
 };
@@ -83,8 +73,7 @@ TEST_F(EntryField, AValueIsShownWithOneDecimalAndReportedInTenths) {
     Start(42, true, 4);
     EXPECT_EQ(Text(), "4.2");
     EXPECT_EQ(Reported(), "42");
-    int start = 0;
-    int end = 0;
+    int start = 0, end = 0;
     Field().GetSel(start, end);
     EXPECT_EQ(start, 0);
     EXPECT_EQ(end, 3) << "selected in full, ready to be typed over";
@@ -95,53 +84,42 @@ TEST_F(EntryField, AValueIsShownWithOneDecimalAndReportedInTenths) {
     EXPECT_EQ(end, 4) << "the caret after the text";
 }
 
-TEST_F(EntryField, TypingANumberAndReturnReportsItInTenths) {
+TEST_F(EntryField, TypingANumberAndReturnOrKeyCode35ReportsItInTenths) {
     Start(0, true, 4);
     driver.Type("12.3");
     EXPECT_EQ(Text(), "12.3");
     EXPECT_EQ(Field().GetReportedText(), "123");
     driver.Key(kKeyReturn, kCharReturn);
     EXPECT_EQ(Reported(), "123");
-    ASSERT_EQ(owner.received.size(), 1u);
-    EXPECT_EQ(owner.received[0].message, WM_ENTRY_RETURN);
-    EXPECT_EQ(owner.received[0].wParam, 0u);
+    EXPECT_EQ(Ends(), (Told{{WM_ENTRY_RETURN, 0}}));
     EXPECT_FALSE(entry.IsWindowVisible());
-}
-
-TEST_F(EntryField, KeyCode35EndsTheEntryLikeReturn) {
     Start(10, false, 3);
     driver.Key(35, 'p');
-    ASSERT_EQ(owner.received.size(), 1u);
-    EXPECT_EQ(owner.received[0].message, WM_ENTRY_RETURN);
+    EXPECT_EQ(Ends(), (Told{{WM_ENTRY_RETURN, 0}, {WM_ENTRY_RETURN, 0}}));
 }
 
 TEST_F(EntryField, EscapeHidesTheWindowAndGivesTheFocusBack) {
     Start(10, false, 3);
     driver.Type("9");
     driver.Key(kKeyEscape, kCharEscape);
-    ASSERT_EQ(owner.received.size(), 1u);
-    EXPECT_EQ(owner.received[0].message, WM_ENTRY_ESCAPE);
-    EXPECT_EQ(owner.received[0].wParam, 0u);
+    EXPECT_EQ(Ends(), (Told{{WM_ENTRY_ESCAPE, 0}}));
     EXPECT_FALSE(entry.IsWindowVisible());
     EXPECT_EQ(CWnd::GetFocus(), &owner);
 }
 
 TEST_F(EntryField, RefusedCharactersLeaveTheValueInTheDisplayFormat) {
-    struct Case {
+    const struct {
         const char* what;
         bool sign;
-        const char* typed;
-        const char* shown;
-        const char* reported;
-    };
-    const Case cases[] = {
+        const char *typed, *shown, *reported;
+    } cases[] = {
         {"a minus sign in an unsigned field", false, "12-", "12.0", "120"},
         {"a minus sign in a signed field", true, "-12", "-12", "-120"},
         {"a letter", true, "7x", "7.0", "70"},
         {"two decimals, rounded as the C library rounds", true, "1.25x", "1.2", "12"},
         {"only what the field holds", true, "123456789", "12345", "123450"},
     };
-    for (const Case& c : cases) {
+    for (const auto& c : cases) {
         Start(0, c.sign, 4);
         driver.Type(c.typed);
         EXPECT_EQ(Text(), c.shown) << c.what;
@@ -158,7 +136,7 @@ TEST_F(EntryField, LeavingTheFieldLimitsAndRewritesItsValue) {
     EXPECT_EQ(Text(), "100.0") << "limited to the range set first";
     EXPECT_EQ(Field().GetReportedText(), "1000");
     EXPECT_TRUE(entry.IsWindowVisible()) << "losing the focus does not end the entry";
-    EXPECT_TRUE(owner.received.empty());
+    EXPECT_TRUE(Ends().empty());
 }
 
 TEST_F(EntryField, TheSpinButtonStepsTheValueByATenth) {
@@ -171,11 +149,10 @@ TEST_F(EntryField, TheSpinButtonStepsTheValueByATenth) {
 }
 
 TEST_F(EntryField, TheWindowIsSizedForItsDigitsInItsFont) {
+    CRect narrow, wide;
     Start(0, false, 3);
-    CRect narrow;
     entry.GetWindowRect(&narrow);
     Start(0, false, 6);
-    CRect wide;
     entry.GetWindowRect(&wide);
     CDC measure;
     measure.SelectObject(&font);
@@ -187,7 +164,7 @@ TEST_F(EntryField, TheWindowIsSizedForItsDigitsInItsFont) {
     Field().GetWindowRect(&field);
     EXPECT_EQ(field.Width(), wide.Width() - 16);
     EXPECT_EQ(Field().GetLimitText(), 7u);
-    EXPECT_EQ(wide.TopLeft(), CPoint(100 + 20, 100 + 30));
+    EXPECT_EQ(wide.TopLeft(), CPoint(kHostLeft + 20, kHostTop + 30));
 }
 
 } // namespace

@@ -12,7 +12,6 @@
 #include <gtest/gtest.h>
 
 #include <cstdio>
-#include <cstdlib>
 #include <future>
 #include <memory>
 #include <string>
@@ -23,26 +22,11 @@ namespace {
 
 using namespace std::chrono_literals;
 
-// Phases of the user's session; a host call counts in every phase it spans.
-enum Phase : int {
-    kOpening,
-    kMenuOpen,
-    kChoiceMade,
-    kDialogOpen,
-    kDialogOk,
-    kDialogCancel,
-    kClosing,
-    kPhaseCount
-};
-struct ReportedPhase {
-    Phase phase;
-    const char* name;
-};
-constexpr ReportedPhase kReportedPhases[] = {{kMenuOpen, "menu open"},
-                                             {kChoiceMade, "choice made"},
-                                             {kDialogOpen, "dialog open"},
-                                             {kDialogOk, "OK"},
-                                             {kDialogCancel, "Cancel"}};
+// Phases of the user's session; a host call counts in every phase it spans. The host must
+// answer in each from the menu's opening to the dialog's Cancel.
+enum Phase : int { kOpening, kMenuOpen, kChoiceMade, kDialogOpen, kDialogOk, kDialogCancel, kClosing };
+const char* const kPhaseNames[] = {"opening", "menu open", "choice made", "dialog open",
+                                   "OK",      "Cancel",    "closing"};
 
 // Longer than any call of a responsive host, far shorter than a menu held open.
 constexpr double kLongestAllowedCallMs = 1000.0;
@@ -53,8 +37,6 @@ constexpr auto kSettle = 500ms;
 // The most any window or host call is waited for.
 constexpr auto kPatience = 5s;
 
-constexpr int kCopiedProgram = 2; // the second choosable entry: program 0 is the current one
-constexpr int kSavedSlot = 5;     // five steps down from the current program
 constexpr int kSwitchedProgram = 1;
 constexpr float kAutomatedGain = 0.25f;
 constexpr float kAutomatedFrequency = 0.375f;
@@ -67,11 +49,6 @@ const std::string kSaveDialog = "--onlyvisible --name '^Save Program$'";
 constexpr int kCancelX = 152;
 constexpr int kOkX = 244;
 constexpr int kButtonY = 135;
-
-std::string ClickAt(const std::string& window, int x, int y) {
-    return "xdotool mousemove --window " + window + " " + std::to_string(x) + " " +
-           std::to_string(y) + " click 1";
-}
 
 std::string ClickOn(const std::string& window, const RECT& rect) {
     return ClickAt(window, (rect.left + rect.right) / 2, (rect.top + rect.bottom) / 2);
@@ -114,12 +91,10 @@ std::string WaitForFile(const std::string& path) {
 class HostResponsiveness : public ::testing::Test {
 protected:
     void SetUp() override {
-        if (std::getenv("DISPLAY") == nullptr)
-            GTEST_SKIP() << "no X display; run under xvfb-run";
-        if (!RunCommand("command -v xdotool > /dev/null"))
-            GTEST_SKIP() << "xdotool is not installed";
+        if (const char* missing = MissingDesktop())
+            GTEST_SKIP() << missing;
         ASSERT_FALSE(factory.empty()) << "the factory bank ships beside the module";
-        host = std::make_unique<UiThreadHost>(ZEPHYRA_MODULE, kPhaseCount);
+        host = std::make_unique<UiThreadHost>(ZEPHYRA_MODULE, kClosing + 1);
         ASSERT_EQ(host->WaitUntilOpen(10s), "");
         window = std::to_string(host->Window());
         std::this_thread::sleep_for(kSettle);
@@ -137,14 +112,10 @@ protected:
                 std::this_thread::sleep_for(kSettle);
             }
         }
-        std::string report = "Longest host call (ms):";
-        for (const ReportedPhase& reported : kReportedPhases) {
-            char figure[64];
-            std::snprintf(figure, sizeof figure, " %s %.0f;", reported.name,
-                          host->LongestCallMs(reported.phase));
-            report += figure;
-        }
-        std::printf("%s\n", report.c_str());
+        std::printf("Longest host call (ms):");
+        for (int phase = kMenuOpen; phase <= kDialogCancel; ++phase)
+            std::printf(" %s %.0f;", kPhaseNames[phase], host->LongestCallMs(phase));
+        std::printf("\n");
     }
 
     // Keeps the menu or dialog open a while; the host's call must be made meanwhile.
@@ -249,9 +220,9 @@ TEST_F(HostResponsiveness, MenuAndDialogsLeaveTheHostsUiThreadFree) {
     ASSERT_NO_FATAL_FAILURE(CopyAProgramFromTheMenu());
     ASSERT_NO_FATAL_FAILURE(SaveThroughTheDialog());
     ASSERT_NO_FATAL_FAILURE(CancelTheDialog());
-    for (const ReportedPhase& reported : kReportedPhases) {
-        EXPECT_LT(host->LongestCallMs(reported.phase), kLongestAllowedCallMs)
-            << "the host was held in one call while " << reported.name;
+    for (int phase = kMenuOpen; phase <= kDialogCancel; ++phase) {
+        EXPECT_LT(host->LongestCallMs(phase), kLongestAllowedCallMs)
+            << "the host was held in one call while " << kPhaseNames[phase];
     }
 }
 

@@ -65,14 +65,13 @@ TEST_F(Knob, AValueFromOutsideIsClampedAndOnlyAChangeDrawsAndTells) {
 // to 330 over the whole range. A knob at one end does not jump to the other end when the
 // pointer crosses the gap below it; the other half of the circle moves it as usual.
 TEST_F(Knob, FollowsThePointersDirectionAndHoldsAnEndAcrossTheGapBelow) {
-    struct Case {
+    const struct {
         const char* where;
         float start;
         int dx, dy;
         float value;
         bool told;
-    };
-    const Case cases[] = {
+    } cases[] = {
         {"straight up", 0.5f, 0, -17, 0.5f, true},
         {"left", 0.5f, -17, 0, 0.2f, true},
         {"right", 0.5f, 17, 0, 0.8f, true},
@@ -92,7 +91,7 @@ TEST_F(Knob, FollowsThePointersDirectionAndHoldsAnEndAcrossTheGapBelow) {
         // its horizontal offset passes the half height is ignored too.
         {"the ignored corner", 0.3f, 18, 17, 0.3f, false},
     };
-    for (const Case& c : cases) {
+    for (const auto& c : cases) {
         knob.SetValue(c.start, nullptr, false);
         reports.clear();
         knob.SetValue(Offset(c.dx, c.dy));
@@ -129,15 +128,12 @@ TEST_F(Knob, ADragReportsEveryMoveAndItsReleaseLiftsTheEndGuards) {
 }
 
 TEST_F(Knob, ShowsTheNearestFrameButCountsItsIndexUpwards) {
-    struct Case {
+    const struct {
         float value;
         int frame;
         unsigned index;
-    };
-    const Case cases[] = {
-        {0.0f, 0, 0}, {0.5f, 30, 30}, {0.508f, 30, 31}, {0.509f, 31, 31}, {1.0f, 60, 60},
-    };
-    for (const Case& c : cases) {
+    } cases[] = {{0.0f, 0, 0}, {0.5f, 30, 30}, {0.508f, 30, 31}, {0.509f, 31, 31}, {1.0f, 60, 60}};
+    for (const auto& c : cases) {
         knob.SetValue(c.value, &image, false);
         EXPECT_EQ(PixelIn(image, 20, 20), KnobFrameColour(c.frame)) << c.value;
         EXPECT_EQ(knob.GetIndexValue(), c.index) << c.value;

@@ -8,12 +8,10 @@
 namespace {
 
 TEST(MeterScale, PeaksReadSixDbPerDoublingWithinTheMetersRange) {
-    struct Case {
+    const struct {
         const char* what;
-        float peak;
-        float level;
-    };
-    const Case cases[] = {
+        float peak, level;
+    } cases[] = {
         {"full scale", 1.0f, 0.0f},
         {"one doubling over", 2.0f, 6.0f},
         {"two doublings over, held at the top", 4.0f, 6.0f},
@@ -25,7 +23,7 @@ TEST(MeterScale, PeaksReadSixDbPerDoublingWithinTheMetersRange) {
         {"infinite", std::numeric_limits<float>::infinity(), 6.0f},
         {"negative", -1.0f, -38.0f},
     };
-    for (const Case& c : cases)
+    for (const auto& c : cases)
         EXPECT_FLOAT_EQ(MeterLevelOfPeak(c.peak), c.level) << c.what;
 }
 

@@ -17,6 +17,8 @@ namespace {
 
 constexpr int kAutomate = audioMasterAutomate;
 constexpr int kUpdateDisplay = 42;
+// What the host was told by automation: index and value, in order.
+using Told = std::vector<std::pair<int, float>>;
 
 class PanelInteraction : public EditorHost {
 protected:
@@ -29,9 +31,8 @@ protected:
     void Click(CPoint point) { driver.Click(&Panel(), point); }
     void Click(const RECT& rect) { Click(CRect(rect).CenterPoint()); }
 
-    // What the host was told by automation: index and value, in order.
-    std::vector<std::pair<int, float>> Automation() const {
-        std::vector<std::pair<int, float>> told;
+    Told Automation() const {
+        Told told;
         for (const HostCall& call : host.calls) {
             if (call.opcode == kAutomate)
                 told.emplace_back(call.index, call.opt);
@@ -123,7 +124,7 @@ TEST_F(PanelInteraction, ASliderTellsTheHostOnlyWhenItsValueChanges) {
 
 TEST_F(PanelInteraction, TheTypeSwitchesOfABandAreRadioButtons) {
     Click(kTypeSwitchLayout[1].rect);
-    EXPECT_EQ(Automation(), (std::vector<std::pair<int, float>>{{kParamType1, 0.5f}}));
+    EXPECT_EQ(Automation(), (Told{{kParamType1, 0.5f}}));
     char text[16] = {};
     effect.getParameterDisplay(kParamType1, text);
     EXPECT_STREQ(text, "PEAK");
@@ -140,19 +141,17 @@ TEST_F(PanelInteraction, TheTypeSwitchesOfABandAreRadioButtons) {
 }
 
 TEST_F(PanelInteraction, TheOnOffSwitchTogglesAndWithModifiersRevertsTheProgram) {
-    struct Case {
+    const struct {
         const char* what;
         unsigned modifiers;
-        bool factoryGain;
-        bool on;
-    };
-    const Case cases[] = {
+        bool factoryGain, on;
+    } cases[] = {
         {"a plain click", 0, false, false},
         {"with Shift, the program's factory values", kModifierShift, true, true},
         {"with Control, the empty all-programs revert", kModifierControl, false, false},
         {"with both, only Shift's action", kModifierShift | kModifierControl, true, true},
     };
-    for (const Case& c : cases) {
+    for (const auto& c : cases) {
         effect.setParameter(kParamOnOff, 1.0f);
         effect.setParameter(kParamGain1, 0.9f);
         Idle();
@@ -174,12 +173,11 @@ TEST_F(PanelInteraction, TheOnOffSwitchTogglesAndWithModifiersRevertsTheProgram)
 }
 
 TEST_F(PanelInteraction, TypedValuesArriveInTenthsNudgedAwayFromZeroAndClamped) {
-    struct Case {
+    const struct {
         int parameter;
         const char* typed;
         float handed; // the display value the effect receives
-    };
-    const Case cases[] = {
+    } cases[] = {
         {kParamGain1, "-0.3", -0.305f},
         {kParamGain1, "-3", -3.005f},
         {kParamFreq2, "2500", 2500.005f},
@@ -187,7 +185,7 @@ TEST_F(PanelInteraction, TypedValuesArriveInTenthsNudgedAwayFromZeroAndClamped) 
         {kParamOutput, "-99", -59.794706f},
         {kParamInput, "3", 0.0f},
     };
-    for (const Case& c : cases) {
+    for (const auto& c : cases) {
         host.calls.clear();
         TypeInto(Entry(c.parameter), c.typed);
         const float bias = c.handed < 0.0f ? -0.05f : 0.05f;
@@ -381,12 +379,10 @@ TEST_F(PanelInteraction, TheLampLightsAfterAnEditAndAClickOnItRevertsTheProgram)
 }
 
 TEST(ProgramName, IsCutToTwentyThreeBytesWithoutHalfACharacter) {
-    struct Case {
-        std::string name;
-        std::string stored;
-    };
     const std::string twentyTwo(22, 'a');
-    const Case cases[] = {
+    const struct {
+        std::string name, stored;
+    } cases[] = {
         {"short", "short"},
         {std::string(23, 'b'), std::string(23, 'b')},
         {std::string(30, 'c'), std::string(23, 'c')},
@@ -395,7 +391,7 @@ TEST(ProgramName, IsCutToTwentyThreeBytesWithoutHalfACharacter) {
         {twentyTwo.substr(1) + "\x83\x65", twentyTwo.substr(1) + "\x83\x65"},
         {"", ""},
     };
-    for (const Case& c : cases)
+    for (const auto& c : cases)
         EXPECT_EQ(std::string(CutProgramName(c.name.c_str()).GetString()), c.stored) << c.name;
 }
 

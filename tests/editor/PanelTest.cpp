@@ -4,10 +4,10 @@
 #include "tests/editor/EditorHost.h"
 #include "toolkit/FallbackIdleDriver.h"
 #include "tests/editor/FramePictures.h"
+#include "tests/toolkit/ToolkitThreads.h"
 #include "editor/UIWindowLayout.h"
 #include "toolkit/platform/headless/HeadlessPlatform.h"
 
-#include <dirent.h>
 #include <limits>
 #include <malloc.h>
 #include <thread>
@@ -38,16 +38,6 @@ protected:
         return columns;
     }
 };
-
-int ThreadCount() {
-    int count = 0;
-    if (DIR* tasks = opendir("/proc/self/task")) {
-        while (const dirent* entry = readdir(tasks))
-            count += entry->d_name[0] != '.';
-        closedir(tasks);
-    }
-    return count;
-}
 
 TEST_F(EditorPanel, OpensAsAChildOfTheHostWindowAtTheSizeItGaveBeforehand) {
     ERect* rect = nullptr;
@@ -260,7 +250,7 @@ TEST_F(EditorPanel, OpeningAndClosingManyTimesOrDeletingTheEffectLeavesNothingBe
     auto* node = static_cast<native::HeadlessNode*>(hostWindow);
     Open();
     Dispatch(effEditClose);
-    const int threads = ThreadCount();
+    const int threads = ToolkitThreadCount();
     const std::size_t allocated = mallinfo2().uordblks;
     for (int round = 0; round < 40; ++round) {
         Open();
@@ -268,7 +258,7 @@ TEST_F(EditorPanel, OpeningAndClosingManyTimesOrDeletingTheEffectLeavesNothingBe
         Dispatch(effEditClose);
         EXPECT_TRUE(node->children.empty());
     }
-    EXPECT_EQ(ThreadCount(), threads) << "every meter timer ended";
+    EXPECT_EQ(ToolkitThreadCount(), threads) << "every meter timer ended";
     // One leaked panel would hold its bitmaps, the knob strip alone some 280 kB.
     EXPECT_LT(mallinfo2().uordblks, allocated + 64 * 1024);
 
@@ -280,7 +270,7 @@ TEST_F(EditorPanel, OpeningAndClosingManyTimesOrDeletingTheEffectLeavesNothingBe
         EXPECT_EQ(node->children.size(), 1u);
     }
     EXPECT_TRUE(node->children.empty()) << "deleting the effect closed its editor";
-    EXPECT_EQ(ThreadCount(), threads);
+    EXPECT_EQ(ToolkitThreadCount(), threads);
 }
 
 } // namespace

@@ -5,7 +5,7 @@
 #include "toolkit/driver/CHeadlessDriver.h"
 #include "editor/CUIWindow.h"
 #include "editor/CZephyraEditor.h"
-#include "tests/editor/FramePictures.h"
+#include "tests/toolkit/TestImages.h"
 #include "tests/support/RecordingHost.h"
 #include "tests/support/TempFolder.h"
 #include "tests/tools/ToolRunner.h"
@@ -18,33 +18,24 @@
 
 namespace {
 
-constexpr int kAudioMasterGetDirectory = 41;
+constexpr int kAudioMasterGetDirectory = 41, kBlockSize = 512;
 constexpr float kSampleRate = 48000.0f;
-constexpr int kBlockSize = 512;
 
-struct Setting {
+// A state away from the factory program: a knob, a band type, a slider, and the lamp lit.
+const struct Setting {
     const char* name;
     int index;
     float normalised;
-};
-
-// A state away from the factory program: a knob, a band type, a slider, and the lamp lit.
-const Setting kSettings[] = {
-    {"Gain1", kParamGain1, 0.8f},
-    {"Type2", kParamType2, 0.5f},
-    {"Input", kParamInput, 0.3f},
-    {"Q2", kParamQ2, 0.6f},
-};
-
-std::string ModuleFolder() {
-    const std::string module = ZEPHYRA_MODULE;
-    return module.substr(0, module.rfind('/') + 1);
-}
+} kSettings[] = {{"Gain1", kParamGain1, 0.8f},
+                 {"Type2", kParamType2, 0.5f},
+                 {"Input", kParamInput, 0.3f},
+                 {"Q2", kParamQ2, 0.6f}};
 
 // The panel painted in memory after the same calls that the command-line host makes.
 cairo_surface_t* HeadlessPicture() {
     RecordingHost host;
-    const std::string folder = ModuleFolder();
+    const std::string module = ZEPHYRA_MODULE;
+    const std::string folder = module.substr(0, module.rfind('/') + 1);
     host.answers[kAudioMasterGetDirectory] = reinterpret_cast<intptr_t>(folder.c_str());
     CHeadlessDriver driver;
     AZephyra effect(RecordingHost::Callback, CZephyraEditor::Make);
@@ -95,8 +86,7 @@ TEST(EditorOnX11, TheScreenShowsWhatThePanelPaints) {
     int differences = 0;
     for (int y = 0; y < height; ++y) {
         for (int x = 0; x < width; ++x)
-            differences +=
-                (SurfacePixel(screen, x, y) & 0xFFFFFF) != (SurfacePixel(panel, x, y) & 0xFFFFFF);
+            differences += PixelOf(screen, x, y) != PixelOf(panel, x, y);
     }
     EXPECT_EQ(differences, 0);
     cairo_surface_destroy(panel);

@@ -7,9 +7,7 @@
 
 namespace {
 
-constexpr std::uint32_t kTrackColour = 0x202428;
-constexpr std::uint32_t kThumbColour = 0xE0E0E0;
-constexpr std::uint32_t kFillColour = 0x30A0F0;
+constexpr std::uint32_t kTrackColour = 0x202428, kThumbColour = 0xE0E0E0, kFillColour = 0x30A0F0;
 
 enum class Track { Curved, Linear, Reversed, HorizontalAskedForACurve, Snapping };
 
@@ -17,10 +15,8 @@ enum class Track { Curved, Linear, Reversed, HorizontalAskedForACurve, Snapping 
 // on the panel; horizontal tracks are 100 pixels long at the origin.
 class Slider : public ControlTest {
 protected:
-    static constexpr int kLeft = 40;
-    static constexpr int kTop = 20;
-    static constexpr int kBottomEnd = 105;
-    static constexpr int kTopEnd = 5;
+    // The panel's place of the track, and the thumb's ends of travel in the track.
+    static constexpr int kLeft = 40, kTop = 20, kBottomEnd = 105, kTopEnd = 5;
 
     void SetUp() override {
         MakeFrames(track, 16, 110, {kTrackColour});
@@ -53,22 +49,19 @@ protected:
         return -1;
     }
 
-    CQMTBitmap track;
-    CQMTBitmap thumb;
-    CQMTBitmap fill;
+    CQMTBitmap track, thumb, fill;
     CQMTBitmapSliderDC slider;
 };
 
 // A press at a place along the track: vertical places are heights in the slider's own
 // coordinates, horizontal ones panel columns.
 TEST_F(Slider, EachKindOfTrackMapsThePointerToItsValue) {
-    struct Case {
+    const struct {
         const char* what;
         Track kind;
         int at;
         float value;
-    };
-    const Case cases[] = {
+    } cases[] = {
         {"curved, bottom end", Track::Curved, kBottomEnd, 0.0f},
         {"curved, below the track", Track::Curved, kBottomEnd + 3, 0.0f},
         {"curved, top end", Track::Curved, kTopEnd, 1.0f},
@@ -86,7 +79,7 @@ TEST_F(Slider, EachKindOfTrackMapsThePointerToItsValue) {
         {"snapping, the midpoint goes to the maximum", Track::Snapping, 50, 1.0f},
         {"snapping, above", Track::Snapping, 70, 1.0f},
     };
-    for (const Case& c : cases) {
+    for (const auto& c : cases) {
         Make(c.kind);
         const bool horizontal =
             c.kind == Track::HorizontalAskedForACurve || c.kind == Track::Snapping;

@@ -5,10 +5,8 @@
 
 namespace {
 
-constexpr std::uint32_t kOffReleased = 0x101010;
-constexpr std::uint32_t kOffPressed = 0x202020;
-constexpr std::uint32_t kOnReleased = 0xC08000;
-constexpr std::uint32_t kOnPressed = 0xA06000;
+constexpr std::uint32_t kOffReleased = 0x101010, kOffPressed = 0x202020;
+constexpr std::uint32_t kOnReleased = 0xC08000, kOnPressed = 0xA06000;
 constexpr std::uint32_t kDisabledColour = 0x505050;
 
 class Switch : public ControlTest {
@@ -20,8 +18,8 @@ protected:
         Make(false);
     }
 
-    void Make(bool latching) {
-        control.Make(CRect(10, 20, 24, 32), &parent, &off, &on, 110, CRect(), latching, nullptr,
+    void Make(bool latching, CQMTBitmap* mask = nullptr) {
+        control.Make(CRect(10, 20, 24, 32), &parent, &off, &on, 110, CRect(), latching, mask,
                      Record, this);
     }
 
@@ -30,9 +28,7 @@ protected:
         return PixelIn(image, 15, 25);
     }
 
-    CQMTBitmap off;
-    CQMTBitmap on;
-    CQMTBitmap disabled;
+    CQMTBitmap off, on, disabled;
     CQMTBitmapSwitch2DC control;
 };
 
@@ -93,8 +89,7 @@ TEST_F(Switch, ADisabledSwitchIsHitButIgnoresEverythingElse) {
 TEST_F(Switch, AMaskedSwitchDrawsItsFrameOverThePanel) {
     CQMTBitmap mask;
     MakeFrames(mask, 14, 12, {0x000000, 0x000000});
-    control.Make(CRect(10, 20, 24, 32), &parent, &off, &on, 110, CRect(), false, &mask, Record,
-                 this);
+    Make(false, &mask);
     control.SetValue(1, false);
     EXPECT_EQ(Shown(), kOnReleased);
 }

@@ -11,18 +11,14 @@ namespace {
 
 constexpr double kSampleRate = 48000.0;
 constexpr int kBlockSize = 512;
-constexpr int kFallbackWidth = 400;
-constexpr int kFallbackHeight = 300;
 
-// The editor's size as it tells it before opening; a fallback when it cannot say.
+// The editor's size as it tells it before opening; 400 × 300 when it cannot say.
 void EditorSize(const PluginInstance& plugin, int& width, int& height) {
-    ERect* rectangle = nullptr;
-    plugin.dispatch(effEditGetRect, 0, 0, &rectangle);
-    if (rectangle != nullptr && rectangle->right > rectangle->left &&
-        rectangle->bottom > rectangle->top) {
-        width = rectangle->right - rectangle->left;
-        height = rectangle->bottom - rectangle->top;
-    }
+    ERect* rect = nullptr;
+    plugin.dispatch(effEditGetRect, 0, 0, &rect);
+    const bool told = rect != nullptr && rect->right > rect->left && rect->bottom > rect->top;
+    width = told ? rect->right - rect->left : 400;
+    height = told ? rect->bottom - rect->top : 300;
 }
 
 } // namespace
@@ -99,8 +95,7 @@ void UiThreadHost::Run() {
     try {
         PluginInstance plugin(PluginModule::load(m_modulePath), kSampleRate, kBlockSize);
         plugin.resume();
-        int width = kFallbackWidth;
-        int height = kFallbackHeight;
+        int width = 0, height = 0;
         EditorSize(plugin, width, height);
         EditorWindow window(width, height, "Zephyra under a UI thread");
         plugin.host().resizeWindow = [&window](int newWidth, int newHeight) {

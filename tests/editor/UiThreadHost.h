@@ -1,9 +1,8 @@
-// A desktop host's user-interface thread, in small, as Qtractor and jalv run one: a thread
-// that is not the process's main thread loads the module through its entry point, opens the
-// editor in a top-level X window of its own and idles it every 33 ms. Every call it makes
-// into the plug-in is timed, and the longest is kept for each phase the test is in; a call
-// under way while the test moves on counts in every phase it spans. The test hands the
-// thread further calls (automation, read-backs), which it makes between two idle calls.
+// A desktop host's user-interface thread, in small, as Qtractor and jalv run one: not the
+// process's main thread, it loads the module, opens the editor in a top-level X window of its
+// own and idles it every 33 ms. Every call into the plug-in is timed; the longest is kept for
+// each phase of the test that it spans. The test hands the thread further calls (automation,
+// read-backs), which it makes between two idle calls.
 #pragma once
 
 #include "tools/PluginInstance.h"

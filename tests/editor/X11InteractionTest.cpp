@@ -4,6 +4,7 @@
 #include "tests/editor/BankRecords.h"
 #include "tests/editor/DesktopDriver.h"
 #include "tests/support/TempFolder.h"
+#include "tests/tools/ToolRunner.h"
 #include "effect/ZephyraParameters.h"
 
 #include <gtest/gtest.h>
@@ -11,58 +12,10 @@
 #include <X11/Xlib.h>
 
 #include <chrono>
-#include <cstdlib>
-#include <fcntl.h>
-#include <sys/wait.h>
+#include <future>
 #include <thread>
-#include <unistd.h>
 
 namespace {
-
-using Clock = std::chrono::steady_clock;
-
-constexpr int kCopiedProgram = 2; // the second choosable entry: program 0 is the current one
-constexpr int kSavedSlot = 5;
-
-// The command-line host showing the module's editor until its window is closed.
-class EditorProcess {
-public:
-    explicit EditorProcess(const std::string& log) {
-        m_pid = fork();
-        if (m_pid == 0) {
-            const int out = open(log.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0644);
-            dup2(out, STDOUT_FILENO);
-            dup2(out, STDERR_FILENO);
-            execl(ZEPHYRA_CLI, ZEPHYRA_CLI, "--plugin", ZEPHYRA_MODULE, "editor", "--seconds", "60",
-                  static_cast<char*>(nullptr));
-            _exit(127);
-        }
-    }
-    ~EditorProcess() {
-        if (m_pid > 0 && !m_finished) {
-            kill(m_pid, SIGKILL);
-            waitpid(m_pid, nullptr, 0);
-        }
-    }
-
-    // Waits for the process to end; its exit code, or -1 when it did not end in time.
-    int WaitForExit(std::chrono::seconds limit) {
-        const auto end = Clock::now() + limit;
-        int status = 0;
-        while (Clock::now() < end) {
-            if (waitpid(m_pid, &status, WNOHANG) == m_pid) {
-                m_finished = true;
-                return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
-            }
-            std::this_thread::sleep_for(std::chrono::milliseconds(50));
-        }
-        return -1;
-    }
-
-private:
-    pid_t m_pid = -1;
-    bool m_finished = false;
-};
 
 // The window manager's close button, as the host's window receives it.
 void CloseWindow(unsigned long window) {
@@ -78,15 +31,16 @@ void CloseWindow(unsigned long window) {
 }
 
 TEST(EditorOnX11, MouseAndKeyboardCopyEditAndSaveAProgram) {
-    if (std::getenv("DISPLAY") == nullptr)
-        GTEST_SKIP() << "no X display; run under xvfb-run";
-    if (!RunCommand("command -v xdotool > /dev/null"))
-        GTEST_SKIP() << "xdotool is not installed";
+    if (const char* missing = MissingDesktop())
+        GTEST_SKIP() << missing;
     TempFolder scratch;
     ScopedEnv preferences("XDG_CONFIG_HOME", scratch.Path());
-    EditorProcess editor(scratch / "editor.log");
+    // The command-line host shows the editor until its window is closed (a minute at most).
+    auto editor = std::async(std::launch::async, runZephyra,
+                             std::vector<std::string>{"--plugin", ZEPHYRA_MODULE, "editor",
+                                                      "--seconds", "60"});
     const std::string window = FindWindowTitled("Zephyra");
-    ASSERT_FALSE(window.empty()) << ReadWholeFile(scratch / "editor.log");
+    ASSERT_FALSE(window.empty()) << "the editor's window came";
     std::this_thread::sleep_for(std::chrono::milliseconds(500));
 
     // One xdotool run per step ("type" takes the rest of its command line as text), each
@@ -114,8 +68,9 @@ TEST(EditorOnX11, MouseAndKeyboardCopyEditAndSaveAProgram) {
     ASSERT_TRUE(step("type 'X11 Saved'"));
     ASSERT_TRUE(step("key Return"));
     CloseWindow(std::stoul(window));
-    ASSERT_EQ(editor.WaitForExit(std::chrono::seconds(10)), 0)
-        << ReadWholeFile(scratch / "editor.log");
+    ASSERT_EQ(editor.wait_for(std::chrono::seconds(10)), std::future_status::ready);
+    const ToolRun run = editor.get();
+    ASSERT_EQ(run.exitCode, 0) << run.err;
 
     const std::string saved = ReadWholeFile(scratch / "ZephyraDef.fxb");
     ASSERT_FALSE(saved.empty()) << "the save wrote the user's bank file";

@@ -4,7 +4,6 @@
 #include "tests/toolkit/HostFixture.h"
 #include "toolkit/platform/KeyCodes.h"
 #include "toolkit/PopupListWnd.h"
-#include "tests/toolkit/RecordingWnd.h"
 #include "toolkit/ToolkitTheme.h"
 #include "toolkit/WinMessages.h"
 #include "toolkit/WinStyles.h"
@@ -15,9 +14,7 @@
 
 namespace {
 
-constexpr UINT kField = 18001;
-constexpr UINT kSpin = 18000;
-constexpr UINT kList = 1120;
+constexpr UINT kField = 18001, kSpin = 18000, kList = 1120;
 
 // A field whose text is a value scaled by ten, the way the editor's entry fields report it.
 class ScaledEdit : public CEdit {
@@ -31,15 +28,14 @@ public:
     using CEdit::GetWindowText;
 };
 
-class ControlsTest : public HostFixture {
+// A field in the window, which takes the controls' notifications.
+class ControlsTest : public WindowFixture<> {
 protected:
     void SetUp() override {
-        HostFixture::SetUp();
-        ASSERT_TRUE(parent.CreateChild(&frame, CRect(0, 0, 300, 200)));
-        ASSERT_TRUE(field.Create(WS_CHILD | WS_VISIBLE | ES_RIGHT, CRect(10, 10, 110, 34), &parent,
-                                 kField));
-        driver.Pump();
-        parent.received.clear();
+        WindowFixture::SetUp();
+        ASSERT_TRUE(
+            field.Create(WS_CHILD | WS_VISIBLE | ES_RIGHT, CRect(10, 10, 110, 34), &wnd, kField));
+        Settle();
     }
 
     CString Text() const {
@@ -49,14 +45,13 @@ protected:
     }
     std::vector<UINT> Notifications(UINT id) const {
         std::vector<UINT> codes;
-        for (const ReceivedMessage& m : parent.Only(WM_COMMAND)) {
+        for (const ReceivedMessage& m : wnd.Only(WM_COMMAND)) {
             if (LOWORD(m.wParam) == id)
                 codes.push_back(HIWORD(m.wParam));
         }
         return codes;
     }
 
-    RecordingWnd parent;
     CEdit field;
 };
 
@@ -102,8 +97,7 @@ TEST_F(ControlsTest, TypingReplacesTheSelectionAndDeleteKeysRemoveACharacter) {
 TEST_F(ControlsTest, CaretPositionIsClampedToTheText) {
     field.SetWindowText("42");
     field.SetSel(8, 8);
-    int start = -1;
-    int end = -1;
+    int start = -1, end = -1;
     field.GetSel(start, end);
     EXPECT_EQ(start, 2);
     EXPECT_EQ(end, 2);
@@ -140,9 +134,7 @@ TEST_F(ControlsTest, FocusedFieldShowsTheAccentBorder) {
     const std::uint32_t focused = driver.PixelAt(&field, 50, 0);
     EXPECT_NE(idle, focused);
     const COLORREF accent = theme::kAccent;
-    const std::uint32_t accentRgb =
-        (GetRValue(accent) << 16) | (GetGValue(accent) << 8) | GetBValue(accent);
-    EXPECT_EQ(focused, accentRgb);
+    EXPECT_EQ(focused, GetRValue(accent) << 16 | GetGValue(accent) << 8 | GetBValue(accent));
 }
 
 class SpinTest : public ControlsTest {
@@ -150,7 +142,7 @@ protected:
     void SetUp() override {
         ControlsTest::SetUp();
         ASSERT_TRUE(spin.Create(WS_CHILD | WS_VISIBLE | UDS_SETBUDDYINT | UDS_ARROWKEYS,
-                                CRect(110, 10, 126, 34), &parent, kSpin));
+                                CRect(110, 10, 126, 34), &wnd, kSpin));
         spin.SetBase(10);
         spin.SetBuddy(&field);
         spin.SetRange32(-20, 20);
@@ -182,7 +174,7 @@ TEST_F(SpinTest, ArrowClicksStepAndStopAtTheEnds) {
 TEST_F(SpinTest, WrapStyleGoesRound) {
     CSpinButtonCtrl wrapping;
     ASSERT_TRUE(
-        wrapping.Create(WS_CHILD | WS_VISIBLE | UDS_WRAP, CRect(0, 40, 16, 64), &parent, 1));
+        wrapping.Create(WS_CHILD | WS_VISIBLE | UDS_WRAP, CRect(0, 40, 16, 64), &wnd, 1));
     wrapping.SetRange(0, 3);
     wrapping.SetPos(3);
     wrapping.Step(1);
@@ -203,7 +195,7 @@ TEST_F(SpinTest, BuddyArrowKeysStepTheSpin) {
 
 TEST_F(SpinTest, NotifyReadsTheFieldsOwnNotionOfItsValue) {
     ScaledEdit scaled;
-    ASSERT_TRUE(scaled.Create(WS_CHILD | WS_VISIBLE, CRect(0, 40, 80, 64), &parent, 2));
+    ASSERT_TRUE(scaled.Create(WS_CHILD | WS_VISIBLE, CRect(0, 40, 80, 64), &wnd, 2));
     spin.SetRange32(-1000, 1000);
     spin.SetBuddy(&scaled);
     scaled.SetTextForSpin("12.3");
@@ -227,7 +219,7 @@ protected:
     void SetUp() override {
         ControlsTest::SetUp();
         ASSERT_TRUE(list.Create(WS_CHILD | WS_VISIBLE | CBS_DROPDOWNLIST, CRect(10, 50, 210, 76),
-                                &parent, kList));
+                                &wnd, kList));
     }
     CComboBox list;
 };
@@ -271,7 +263,7 @@ TEST_F(ComboTest, UserChoiceFromTheDropDownNotifiesSelectionChange) {
     EXPECT_EQ(firstVisible, 64 - PopupListWnd::kMaxScrollingRows) << "the list scrolls";
     EXPECT_EQ(list.GetCurSel(), 63);
     EXPECT_EQ(Notifications(kList), std::vector<UINT>{CBN_SELCHANGE});
-    EXPECT_EQ(parent.Only(WM_COMMAND).back().lParam, reinterpret_cast<LPARAM>(list.GetSafeHwnd()));
+    EXPECT_EQ(wnd.Only(WM_COMMAND).back().lParam, reinterpret_cast<LPARAM>(list.GetSafeHwnd()));
 }
 
 TEST_F(ComboTest, KeysChangeTheSelectionAndNotify) {
@@ -279,11 +271,9 @@ TEST_F(ComboTest, KeysChangeTheSelectionAndNotify) {
     list.AddString("b");
     list.AddString("c");
     list.SetFocus();
-    driver.Key(kKeyDown, kCharDown);
-    driver.Key(kKeyDown, kCharDown);
-    driver.Key(kKeyDown, kCharDown);
-    driver.Key(kKeyDown, kCharDown);
-    EXPECT_EQ(list.GetCurSel(), 2);
+    for (int press = 0; press < 4; ++press)
+        driver.Key(kKeyDown, kCharDown);
+    EXPECT_EQ(list.GetCurSel(), 2) << "held at the last entry";
     driver.Key(kKeyUp, kCharUp);
     EXPECT_EQ(list.GetCurSel(), 1);
     EXPECT_EQ(Notifications(kList).size(), 5u);

@@ -7,7 +7,6 @@
 #include "tests/toolkit/HostFixture.h"
 #include "toolkit/platform/KeyCodes.h"
 #include "toolkit/PopupListWnd.h"
-#include "tests/toolkit/RecordingWnd.h"
 #include "toolkit/WinControlIds.h"
 #include "toolkit/WinMessages.h"
 
@@ -37,14 +36,14 @@ DialogTemplate SaveLayout() {
 // A dialog shaped like the preset dialog: a bound list, a name field read on OK.
 class SaveDialog : public CDialog {
 public:
-    explicit SaveDialog(CWnd* parent) : CDialog(SaveLayout(), parent, kTemplate) {}
+    explicit SaveDialog(CWnd* owner) : CDialog(SaveLayout(), owner, kTemplate), owner(owner) {}
 
     CComboBox list;
     int chosen = -2;
     CString name;
     int selectionChanges = 0;
     bool ownerDisabledDuringInit = false;
-    CWnd* owner = nullptr;
+    CWnd* owner;
 
     void DoDataExchange(CDataExchange* exchange) override {
         CDialog::DoDataExchange(exchange);
@@ -58,7 +57,7 @@ public:
             list.AddString(entry);
         }
         list.SetCurSel(1);
-        ownerDisabledDuringInit = owner && !owner->IsWindowEnabled();
+        ownerDisabledDuringInit = !owner->IsWindowEnabled();
         return true;
     }
     void OnOK() override {
@@ -91,14 +90,9 @@ BEGIN_MESSAGE_MAP(CommandTarget, RecordingWnd)
 ON_COMMAND_RANGE(1010, 1110, OnAny)
 END_MESSAGE_MAP()
 
-class DialogTest : public HostFixture {
+// The dialog's owner is the fixture's window.
+class DialogTest : public WindowFixture<> {
 protected:
-    void SetUp() override {
-        HostFixture::SetUp();
-        ASSERT_TRUE(panel.CreateChild(&frame, CRect(0, 0, 300, 200)));
-        dialog.owner = &panel;
-    }
-
     // Starts the dialog; it is running once the call has returned.
     void Start(SaveDialog& shown) {
         ASSERT_EQ(shown.DoModal([this](int result) { results.push_back(result); }), 0);
@@ -111,8 +105,7 @@ protected:
     }
     CWnd* Item(int id) { return dialog.GetDlgItem(id); }
 
-    RecordingWnd panel;
-    SaveDialog dialog{&panel};
+    SaveDialog dialog{&wnd};
     std::vector<int> results;
 };
 
@@ -154,23 +147,23 @@ TEST_F(DialogTest, ReturnPressesTheFocusedButtonOrOk) {
 
 TEST_F(DialogTest, OwnerIsDisabledOnlyWhileTheDialogRuns) {
     Start();
-    driver.Click(&panel, CPoint(5, 5));
+    driver.Click(&wnd, CPoint(5, 5));
     driver.Key(kKeyEscape, kCharEscape);
     Ended();
     EXPECT_TRUE(dialog.ownerDisabledDuringInit);
-    EXPECT_TRUE(panel.Only(WM_LBUTTONDOWN).empty()) << "clicks on the owner are dropped";
-    EXPECT_TRUE(panel.IsWindowEnabled());
+    EXPECT_TRUE(wnd.Only(WM_LBUTTONDOWN).empty()) << "clicks on the owner are dropped";
+    EXPECT_TRUE(wnd.IsWindowEnabled());
 }
 
 // The editor closing while its dialog is open: the dialog goes without reporting, and its
 // owner is not touched once it has gone.
 TEST_F(DialogTest, DestroyedWhileRunningReportsNothing) {
-    auto running = std::make_unique<SaveDialog>(&panel);
+    auto running = std::make_unique<SaveDialog>(&wnd);
     Start(*running);
     driver.Key(kKeyReturn, kCharReturn);
     running.reset();
     EXPECT_TRUE(Ended().empty());
-    EXPECT_TRUE(panel.IsWindowEnabled());
+    EXPECT_TRUE(wnd.IsWindowEnabled());
 }
 
 TEST_F(DialogTest, ChoosingFromTheBoundListNotifiesTheDialog) {
@@ -212,7 +205,7 @@ TEST_F(DialogTest, TabMovesBetweenControlsAndTypingGoesToTheField) {
 }
 
 TEST_F(DialogTest, DialogWithOnlyATemplateIdFailsWithMinusOne) {
-    CDialog unknown(kTemplate, &panel);
+    CDialog unknown(kTemplate, &wnd);
     testing::internal::CaptureStdout();
     EXPECT_EQ(unknown.DoModal(nullptr), -1);
     EXPECT_EQ(testing::internal::GetCapturedStdout(), "CreateWindowFromNib Err: 2\n");
@@ -236,10 +229,10 @@ TEST_F(DialogTest, FailedExchangeEndsTheDialogAtOnce) {
         explicit Broken(CWnd* parent) : CDialog(SaveLayout(), parent) {}
         CComboBox list;
         void DoDataExchange(CDataExchange* exchange) override { DDX_Control(exchange, 4242, list); }
-    } broken(&panel);
+    } broken(&wnd);
     EXPECT_EQ(broken.DoModal([this](int result) { results.push_back(result); }), -1);
     EXPECT_TRUE(Ended().empty());
-    EXPECT_TRUE(panel.IsWindowEnabled());
+    EXPECT_TRUE(wnd.IsWindowEnabled());
 }
 
 TEST_F(DialogTest, MenuOpenedWhileADialogRunsStillDeliversItsCommand) {

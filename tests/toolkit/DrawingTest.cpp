@@ -1,27 +1,18 @@
 #include "toolkit/BitmapResources.h"
-#include "toolkit/CClientDC.h"
 #include "toolkit/CDC.h"
-#include "toolkit/CPaintDC.h"
 #include "toolkit/FontCatalog.h"
-#include "tests/toolkit/HostFixture.h"
-#include "tests/toolkit/RecordingWnd.h"
 #include "tests/toolkit/TestImages.h"
-#include "toolkit/WinMessages.h"
 #include "toolkit/WinStyles.h"
 
 #include <gtest/gtest.h>
 
 #include <cmath>
-#include <functional>
 
 namespace {
 
-constexpr std::uint32_t kRed = 0xFF0000;
-constexpr std::uint32_t kGreen = 0x00FF00;
-constexpr std::uint32_t kBlue = 0x0000FF;
+constexpr std::uint32_t kRed = 0xFF0000, kGreen = 0x00FF00, kBlue = 0x0000FF;
 constexpr const char* kBundle = "test.drawing";
-constexpr int kBandsId = 7001;
-constexpr int kBrokenId = 7002;
+constexpr int kBandsId = 7001, kBrokenId = 7002;
 
 const std::vector<unsigned char>& Bands() {
     static const std::vector<unsigned char> png = BandsPng(30, 40, {kRed, kGreen, kBlue});
@@ -30,6 +21,8 @@ const std::vector<unsigned char>& Bands() {
 
 const unsigned char kNotAPng[] = {1, 2, 3, 4};
 
+// A strip of three 30 × 40 bands (red, green, blue) selected into a carrier, and a 60 × 120
+// canvas to draw it into.
 class DrawingTest : public ::testing::Test {
 protected:
     void SetUp() override {
@@ -42,11 +35,12 @@ protected:
         ASSERT_TRUE(canvas.CreateBitmapDC(60, 120));
     }
     void TearDown() override { AfxUnregisterResources(kBundle); }
+    std::uint32_t At(int x, int y) { return PixelOf(canvas.GetBitmapSurface(), x, y); }
+    std::uint8_t AlphaAt(int x, int y) { return AlphaOf(canvas.GetBitmapSurface(), x, y); }
 
     EmbeddedResource table[2];
     CBitmap strip;
-    CDC carrier;
-    CDC canvas;
+    CDC carrier, canvas;
 };
 
 TEST_F(DrawingTest, FreshDcSelectionReturnsTheNothingSentinel) {
@@ -62,46 +56,40 @@ TEST_F(DrawingTest, FreshDcSelectionReturnsTheNothingSentinel) {
 
 TEST_F(DrawingTest, WholeImageBlitCopiesEveryBand) {
     EXPECT_TRUE(canvas.BitBlt(0, 0, 30, 120, &carrier, 0, 0, SRCCOPY));
-    cairo_surface_t* pixels = canvas.GetBitmapSurface();
-    EXPECT_EQ(PixelOf(pixels, 5, 5), kRed);
-    EXPECT_EQ(PixelOf(pixels, 5, 60), kGreen);
-    EXPECT_EQ(PixelOf(pixels, 29, 119), kBlue);
-    EXPECT_EQ(AlphaOf(pixels, 40, 5), 0) << "outside the blit stays transparent";
+    EXPECT_EQ(At(5, 5), kRed);
+    EXPECT_EQ(At(5, 60), kGreen);
+    EXPECT_EQ(At(29, 119), kBlue);
+    EXPECT_EQ(AlphaAt(40, 5), 0) << "outside the blit stays transparent";
 }
 
 TEST_F(DrawingTest, PartialBlitDrawsOnlyTheChosenFrame) {
     canvas.BitBlt(10, 0, 30, 40, &carrier, 0, 40, SRCCOPY);
-    cairo_surface_t* pixels = canvas.GetBitmapSurface();
-    EXPECT_EQ(PixelOf(pixels, 10, 0), kGreen);
-    EXPECT_EQ(PixelOf(pixels, 39, 39), kGreen);
-    EXPECT_EQ(AlphaOf(pixels, 10, 40), 0);
-    EXPECT_EQ(AlphaOf(pixels, 9, 0), 0);
+    EXPECT_EQ(At(10, 0), kGreen);
+    EXPECT_EQ(At(39, 39), kGreen);
+    EXPECT_EQ(AlphaAt(10, 40), 0);
+    EXPECT_EQ(AlphaAt(9, 0), 0);
 }
 
 TEST_F(DrawingTest, OriginOffsetsDestinationAndSource) {
     canvas.SetViewportOrg(5, 50);
     carrier.SetViewportOrg(0, 80);
     canvas.BitBlt(0, 0, 10, 10, &carrier, 0, 0, SRCCOPY);
-    EXPECT_EQ(PixelOf(canvas.GetBitmapSurface(), 5, 50), kBlue);
-    EXPECT_EQ(AlphaOf(canvas.GetBitmapSurface(), 4, 50), 0);
+    EXPECT_EQ(At(5, 50), kBlue);
+    EXPECT_EQ(AlphaAt(4, 50), 0);
 }
 
-// A destination holding a selected bitmap, a part outside the image and a source without
-// one: each blit succeeds and draws nothing.
+// A destination holding a selected bitmap, a part outside the image, a source without one
+// and a compatible DC, which has no context to draw into: each blit succeeds, drawing nothing.
 TEST_F(DrawingTest, BlitsThatDrawNothing) {
     CBitmap other;
     canvas.SelectObject(&other);
     EXPECT_TRUE(canvas.BitBlt(0, 0, 30, 40, &carrier, 0, 0, SRCCOPY));
     canvas.SelectObject(CDC::NoBitmap());
     canvas.BitBlt(0, 0, 30, 40, &carrier, 0, 200, SRCCOPY);
-    CDC empty;
+    CDC empty, compatible;
     empty.CreateCompatibleDC(nullptr);
     EXPECT_TRUE(canvas.BitBlt(0, 0, 30, 40, &empty, 0, 0, SRCCOPY));
-    EXPECT_EQ(AlphaOf(canvas.GetBitmapSurface(), 5, 5), 0);
-}
-
-TEST_F(DrawingTest, CompatibleDcHasNoContextToDrawInto) {
-    CDC compatible;
+    EXPECT_EQ(AlphaAt(5, 5), 0);
     EXPECT_TRUE(compatible.CreateCompatibleDC(&canvas));
     EXPECT_EQ(compatible.GetSafeContext(), nullptr);
     EXPECT_TRUE(compatible.BitBlt(0, 0, 30, 40, &carrier, 0, 0, SRCCOPY));
@@ -114,39 +102,39 @@ TEST_F(DrawingTest, OffScreenCompositionServesAsASource) {
     composed.BitBlt(0, 0, 30, 40, &carrier, 0, 80, SRCCOPY);
     composed.FillSolidRect(CRect(0, 0, 10, 10), RGB(255, 255, 0));
     canvas.BitBlt(20, 20, 30, 40, &composed, 0, 0, SRCCOPY);
-    EXPECT_EQ(PixelOf(canvas.GetBitmapSurface(), 25, 25), 0xFFFF00u);
-    EXPECT_EQ(PixelOf(canvas.GetBitmapSurface(), 45, 55), kBlue);
+    EXPECT_EQ(At(25, 25), 0xFFFF00u);
+    EXPECT_EQ(At(45, 55), kBlue);
 }
 
 TEST_F(DrawingTest, BlitFromItselfUsesASnapshot) {
     canvas.BitBlt(0, 0, 30, 120, &carrier, 0, 0, SRCCOPY);
     canvas.BitBlt(0, 20, 30, 40, &canvas, 0, 0, SRCCOPY);
-    EXPECT_EQ(PixelOf(canvas.GetBitmapSurface(), 5, 55), kRed);
-    EXPECT_EQ(PixelOf(canvas.GetBitmapSurface(), 5, 65), kGreen);
+    EXPECT_EQ(At(5, 55), kRed);
+    EXPECT_EQ(At(5, 65), kGreen);
 }
 
 TEST_F(DrawingTest, StretchBltScalesThePart) {
     canvas.StretchBlt(0, 0, 60, 20, &carrier, 0, 40, 30, 40, SRCCOPY);
-    EXPECT_EQ(PixelOf(canvas.GetBitmapSurface(), 59, 19), kGreen);
-    EXPECT_EQ(AlphaOf(canvas.GetBitmapSurface(), 5, 25), 0);
+    EXPECT_EQ(At(59, 19), kGreen);
+    EXPECT_EQ(AlphaAt(5, 25), 0);
 }
 
-TEST_F(DrawingTest, ResourceLoadersFindAndMeasureImages) {
+// Loaders find images by id and bundle, measure them, and report what is missing or broken.
+TEST_F(DrawingTest, ResourceLoadersFindMeasureAndReport) {
     ImageRef image = LoadImageRef(kBandsId);
     ASSERT_NE(image, nullptr);
     int width = 0, height = 0, rowBytes = 0;
     GetBitmapSize0(image, &width, &height, &rowBytes);
-    EXPECT_EQ(width, 30);
-    EXPECT_EQ(height, 120);
+    EXPECT_EQ(CSize(width, height), CSize(30, 120));
     EXPECT_EQ(rowBytes, 120);
     cairo_surface_destroy(image);
     GetBitmapSize0(nullptr, &width, &height, &rowBytes);
     EXPECT_EQ(width, 0);
     EXPECT_EQ(LoadBitmap0(kBandsId, "another.bundle"), nullptr);
     EXPECT_EQ(LoadBitmap0(kBrokenId, kBundle), nullptr);
-}
+    CBitmap bitmap;
+    EXPECT_TRUE(bitmap.LoadBitmap(kBandsId));
 
-TEST_F(DrawingTest, LoadBitmapReportsMissingAndBrokenResources) {
     testing::internal::CaptureStdout();
     EXPECT_EQ(LoadBitmap(7999), nullptr);
     EXPECT_EQ(LoadBitmap(kBrokenId), nullptr);
@@ -154,8 +142,6 @@ TEST_F(DrawingTest, LoadBitmapReportsMissingAndBrokenResources) {
     testing::internal::CaptureStdout();
     EXPECT_EQ(LoadImageRef(7999), nullptr);
     EXPECT_EQ(testing::internal::GetCapturedStdout(), "");
-    CBitmap bitmap;
-    EXPECT_TRUE(bitmap.LoadBitmap(kBandsId));
 }
 
 class TextTest : public ::testing::Test {
@@ -170,9 +156,7 @@ protected:
 TEST_F(TextTest, YNamesTheTopOfTheTextWithoutAFont) {
     dc.ExtTextOut(4, 0, 0, nullptr, CString("HHH"));
     const FontFace& face = DefaultFontFace();
-    const double baseline = face.ascender / face.unitsPerEm * 12;
-    const int last = LastInkRow(dc.GetBitmapSurface());
-    EXPECT_NEAR(last + 1, baseline, 1.0);
+    EXPECT_NEAR(LastInkRow(dc.GetBitmapSurface()) + 1, face.ascender / face.unitsPerEm * 12, 1.0);
     EXPECT_GE(FirstInkRow(dc.GetBitmapSurface()), 0);
 }
 
@@ -232,87 +216,6 @@ TEST(CFont, MissingFaceReportsAndLeavesNoHandle) {
     EXPECT_EQ(testing::internal::GetCapturedStdout(),
               "CGFontCreateWithFontName error(NoSuchFaceAnywhere)\n");
     EXPECT_EQ(font.GetSafeHandle(), nullptr);
-}
-
-// A window that paints through CPaintDC with whatever the test asks for.
-class PaintingWnd : public RecordingWnd {
-public:
-    std::function<void(CPaintDC&)> paint;
-    LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override {
-        if (message == WM_PAINT && paint) {
-            CPaintDC dc(this);
-            paint(dc);
-        }
-        return RecordingWnd::WindowProc(message, wParam, lParam);
-    }
-};
-
-class WindowDrawingTest : public HostFixture {
-protected:
-    void SetUp() override {
-        HostFixture::SetUp();
-        ASSERT_TRUE(wnd.CreateChild(&frame, CRect(0, 0, 100, 100)));
-    }
-    PaintingWnd wnd;
-};
-
-TEST_F(WindowDrawingTest, PaintDcCoversTheClientAreaAndShowsIt) {
-    CSize seen;
-    wnd.paint = [&](CPaintDC& dc) {
-        seen = dc.GetSize();
-        EXPECT_EQ(dc.GetPaintRect(), CRect(0, 0, 100, 100));
-        dc.FillSolidRect(CRect(0, 0, 100, 100), RGB(0, 128, 0));
-    };
-    driver.Pump();
-    EXPECT_EQ(seen, CSize(100, 100));
-    EXPECT_EQ(driver.PixelAt(&wnd, 50, 50), 0x008000u);
-}
-
-// Drawing outside a paint shows what was touched, at both ends of the window, and nothing
-// of a hidden window.
-TEST_F(WindowDrawingTest, ClientDcDrawsOutsideThePaint) {
-    driver.Pump();
-    {
-        CClientDC dc(&wnd);
-        ASSERT_NE(dc.GetSafeContext(), nullptr);
-        dc.FillSolidRect(CRect(0, 0, 5, 5), RGB(255, 0, 0));
-        dc.FillSolidRect(CRect(95, 95, 100, 100), RGB(0, 0, 255));
-    }
-    EXPECT_EQ(driver.PixelAt(&wnd, 2, 2), 0xFF0000u);
-    EXPECT_EQ(driver.PixelAt(&wnd, 97, 97), 0x0000FFu);
-    EXPECT_EQ(driver.PixelAt(&wnd, 50, 50), 0xFFFFFFu);
-    wnd.ShowWindow(SW_HIDE);
-    CClientDC hidden(&wnd);
-    EXPECT_EQ(hidden.GetSafeContext(), nullptr);
-    hidden.FillSolidRect(CRect(0, 0, 100, 100), 0);
-}
-
-TEST_F(WindowDrawingTest, SelectingAFontSetsTheWindowFont) {
-    CFont font;
-    font.CreatePointFont(20, "Osaka");
-    wnd.paint = [&](CPaintDC& dc) { dc.SelectObject(&font); };
-    driver.Pump();
-    EXPECT_EQ(wnd.GetFont()->GetPointSize(), 20);
-}
-
-TEST_F(WindowDrawingTest, BlitFromAWindowDcWithoutImageIsTraced) {
-    wnd.paint = [&](CPaintDC& dc) {
-        CDC nothing;
-        dc.BitBlt(0, 0, 10, 10, &nothing, 0, 0, SRCCOPY);
-    };
-    testing::internal::CaptureStdout();
-    driver.Pump();
-    EXPECT_EQ(testing::internal::GetCapturedStdout(), "BitBlt null \x80r\x80n");
-}
-
-TEST_F(WindowDrawingTest, DisplayDcExistsOnlyWithADisplay) {
-    CDC display;
-    EXPECT_TRUE(display.CreateDC("DISPLAY"));
-    EXPECT_EQ(display.GetSize(), CSize(1024, 1024));
-    frame.SetNativeHandle(nullptr);
-    CDC none;
-    EXPECT_TRUE(none.CreateDC("DISPLAY"));
-    EXPECT_EQ(none.GetSafeContext(), nullptr);
 }
 
 } // namespace

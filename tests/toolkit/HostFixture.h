@@ -5,15 +5,13 @@
 #include "toolkit/CFrameWnd.h"
 #include "toolkit/driver/CHeadlessDriver.h"
 #include "toolkit/MessageCache.h"
+#include "tests/toolkit/RecordingWnd.h"
 
 #include <gtest/gtest.h>
 
 class HostFixture : public ::testing::Test {
 protected:
-    static constexpr int kHostLeft = 200;
-    static constexpr int kHostTop = 100;
-    static constexpr int kHostWidth = 480;
-    static constexpr int kHostHeight = 320;
+    static constexpr int kHostLeft = 200, kHostTop = 100, kHostWidth = 480, kHostHeight = 320;
 
     void SetUp() override {
         AfxResetMsgCache();
@@ -29,4 +27,22 @@ protected:
     CHeadlessDriver driver;
     void* host = nullptr;
     CFrameWnd frame;
+};
+
+// The same with one window of the test's kind, 300 × 200 at (10, 10) in the frame; settled,
+// it has had its first paint and forgotten what it received until then.
+template <class Wnd = RecordingWnd, bool kSettled = false> class WindowFixture : public HostFixture {
+protected:
+    void SetUp() override {
+        HostFixture::SetUp();
+        ASSERT_TRUE(wnd.CreateChild(&frame, CRect(10, 10, 310, 210)));
+        if (kSettled)
+            Settle();
+    }
+    void Settle() {
+        driver.Pump();
+        wnd.received.clear();
+    }
+
+    Wnd wnd;
 };

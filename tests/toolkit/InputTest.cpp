@@ -1,22 +1,14 @@
-#include "toolkit/CWnd.h"
 #include "tests/toolkit/HostFixture.h"
-#include "toolkit/platform/KeyCodes.h"
-#include "tests/toolkit/RecordingWnd.h"
+#include "toolkit/CWnd.h"
 #include "toolkit/WinMessages.h"
+#include "toolkit/platform/KeyCodes.h"
 
 #include <gtest/gtest.h>
 
 namespace {
 
-class InputTest : public HostFixture {
+class InputTest : public WindowFixture<RecordingWnd, true> {
 protected:
-    void SetUp() override {
-        HostFixture::SetUp();
-        ASSERT_TRUE(wnd.CreateChild(&frame, CRect(20, 30, 120, 130)));
-        driver.Pump();
-        wnd.received.clear();
-    }
-
     std::vector<UINT> MouseMessages() const {
         std::vector<UINT> mouse;
         for (UINT m : wnd.Messages()) {
@@ -25,21 +17,19 @@ protected:
         }
         return mouse;
     }
-
-    RecordingWnd wnd;
 };
 
 TEST_F(InputTest, ClickArrivesAsDownAndUpInClientCoordinates) {
     driver.Click(&wnd, CPoint(7, 9));
     EXPECT_EQ(MouseMessages(), (std::vector<UINT>{WM_LBUTTONDOWN, WM_LBUTTONUP}));
     driver.Click(&wnd, CPoint(0, 0));
-    driver.Click(&wnd, CPoint(99, 99));
+    driver.Click(&wnd, CPoint(299, 199));
     const auto downs = wnd.Only(WM_LBUTTONDOWN);
     ASSERT_EQ(downs.size(), 3u);
     EXPECT_EQ(downs[0].wParam, 0u);
     EXPECT_EQ(CPoint::FromLParam(downs[0].lParam), CPoint(7, 9));
     EXPECT_EQ(CPoint::FromLParam(downs[1].lParam), CPoint(0, 0));
-    EXPECT_EQ(CPoint::FromLParam(downs[2].lParam), CPoint(99, 99));
+    EXPECT_EQ(CPoint::FromLParam(downs[2].lParam), CPoint(299, 199));
 }
 
 TEST_F(InputTest, SecondClickOfADoubleClickReplacesTheDown) {
@@ -59,11 +49,11 @@ TEST_F(InputTest, SlowOrDistantSecondPressIsASingleClick) {
 
 TEST_F(InputTest, DragKeepsReportingToThePressedWindowOutsideIt) {
     driver.Press(&wnd, CPoint(10, 10));
-    driver.Move(&wnd, CPoint(-15, 200));
-    driver.Release(&wnd, CPoint(-15, 200));
+    driver.Move(&wnd, CPoint(-15, 250));
+    driver.Release(&wnd, CPoint(-15, 250));
     const auto moves = wnd.Only(WM_MOUSEMOVE);
     ASSERT_EQ(moves.size(), 1u);
-    EXPECT_EQ(CPoint::FromLParam(moves[0].lParam), CPoint(-15, 200));
+    EXPECT_EQ(CPoint::FromLParam(moves[0].lParam), CPoint(-15, 250));
     ASSERT_EQ(wnd.Only(WM_LBUTTONUP).size(), 1u);
 }
 
@@ -87,7 +77,7 @@ TEST_F(InputTest, DisabledWindowGetsNoInput) {
 // Capture changes no routing; a destroyed window gives up capture and focus.
 TEST_F(InputTest, CaptureIsBookkeepingOnly) {
     auto other = std::make_unique<RecordingWnd>();
-    ASSERT_TRUE(other->CreateChild(&frame, CRect(200, 30, 260, 90)));
+    ASSERT_TRUE(other->CreateChild(&frame, CRect(320, 30, 380, 90)));
     EXPECT_EQ(wnd.SetCapture(), nullptr);
     EXPECT_EQ(other->SetCapture(), &wnd);
     EXPECT_EQ(CWnd::GetCapture(), other.get());
@@ -105,25 +95,19 @@ TEST_F(InputTest, CaptureIsBookkeepingOnly) {
     EXPECT_EQ(CWnd::GetFocus(), nullptr);
 }
 
-struct KeyStateCase {
-    int virtualKey;
-    unsigned modifiers;
-    DWORD expected;
-};
-
 TEST_F(InputTest, KeyStateMapsVirtualKeysOntoModifierBits) {
-    const KeyStateCase cases[] = {
-        {16, kModifierShift, 0xFFFF8000u},
-        {16, kModifierControl, 0},
-        {17, kModifierControl, 0xFFFF8000u},
-        {18, kModifierCommand, 0xFFFF8000u},
-        {18, kModifierOption, 0},
-        {19, kModifierOption, 0xFFFF8000u},
-        {19, kModifierCommand, 0},
-        {20, 0xFFFFu, 0},
+    const struct {
+        int virtualKey;
+        unsigned modifiers;
+        DWORD expected;
+    } cases[] = {
+        {16, kModifierShift, 0xFFFF8000u},   {16, kModifierControl, 0},
+        {17, kModifierControl, 0xFFFF8000u}, {18, kModifierCommand, 0xFFFF8000u},
+        {18, kModifierOption, 0},            {19, kModifierOption, 0xFFFF8000u},
+        {19, kModifierCommand, 0},           {20, 0xFFFFu, 0},
         {65, 0xFFFFu, 0},
     };
-    for (const KeyStateCase& c : cases) {
+    for (const auto& c : cases) {
         driver.SetModifiers(c.modifiers);
         EXPECT_EQ(GetKeyState(c.virtualKey), c.expected)
             << "key " << c.virtualKey << " with modifiers " << std::hex << c.modifiers;
@@ -131,29 +115,39 @@ TEST_F(InputTest, KeyStateMapsVirtualKeysOntoModifierBits) {
     driver.SetModifiers(0);
 }
 
-// A window that swallows Escape before it is dispatched.
+// Takes the keyboard, and swallows Escape before it is dispatched.
 class FilteringWnd : public RecordingWnd {
 public:
     std::vector<MSG> seen;
+    bool TakesKeyboard() const override { return true; }
     bool PreTranslateMessage(MSG* msg) override {
         seen.push_back(*msg);
         return msg->wParam == kKeyEscape;
     }
-    bool TakesKeyboard() const override { return true; }
 };
 
-TEST_F(InputTest, KeysGoThroughPreTranslateThenKeyDownThenChar) {
+// Keys reach only a window that takes the keyboard; PreTranslateMessage of the window, then
+// of its parents, sees them first, then the window gets the key down and the character. The
+// focus moves with a kill-focus message and goes when the native focus goes elsewhere.
+TEST_F(InputTest, KeysPassPreTranslateUpTheParentsThenArriveAsKeyDownAndChar) {
+    wnd.SetFocus();
+    driver.Key(kKeyReturn, kCharReturn);
+    EXPECT_TRUE(wnd.Only(WM_KEYDOWN).empty()) << "the window leaves the keyboard to the host";
+
+    FilteringWnd parent;
     FilteringWnd field;
-    ASSERT_TRUE(field.CreateChild(&wnd, CRect(0, 0, 50, 20)));
+    ASSERT_TRUE(parent.CreateChild(&wnd, CRect(0, 0, 50, 50)));
+    ASSERT_TRUE(field.CreateChild(&parent, CRect(0, 0, 20, 20)));
     field.SetFocus();
     driver.Key(kKeyReturn, kCharReturn);
     driver.Key(kKeyEscape, kCharEscape);
     driver.Key(kKeyLeft, kCharLeft);
-
     ASSERT_EQ(field.seen.size(), 3u);
     EXPECT_EQ(field.seen[0].message, WM_KEYDOWN);
     EXPECT_EQ(field.seen[0].character, kCharReturn);
     EXPECT_EQ(field.seen[0].hwnd, field.GetSafeHwnd());
+    ASSERT_EQ(parent.seen.size(), 2u) << "the field itself swallowed Escape";
+    EXPECT_EQ(parent.seen[1].hwnd, field.GetSafeHwnd());
     const auto downs = field.Only(WM_KEYDOWN);
     ASSERT_EQ(downs.size(), 2u);
     EXPECT_EQ(downs[0].wParam, kKeyReturn);
@@ -162,48 +156,15 @@ TEST_F(InputTest, KeysGoThroughPreTranslateThenKeyDownThenChar) {
     ASSERT_EQ(chars.size(), 2u);
     EXPECT_EQ(chars[0].wParam, kCharReturn);
     EXPECT_EQ(chars[1].wParam, kCharLeft);
-}
-
-class KeyboardWnd : public RecordingWnd {
-public:
-    bool TakesKeyboard() const override { return true; }
-};
-
-TEST_F(InputTest, ParentsPreTranslateSeesTheChildsKeys) {
-    FilteringWnd parent;
-    KeyboardWnd child;
-    ASSERT_TRUE(parent.CreateChild(&frame, CRect(0, 0, 50, 50)));
-    ASSERT_TRUE(child.CreateChild(&parent, CRect(0, 0, 20, 20)));
-    child.SetFocus();
-    driver.Key(kKeyEscape, kCharEscape);
-    driver.Key(kKeyReturn, kCharReturn);
-    ASSERT_EQ(parent.seen.size(), 2u);
-    EXPECT_EQ(parent.seen[0].hwnd, child.GetSafeHwnd());
-    const auto downs = child.Only(WM_KEYDOWN);
-    ASSERT_EQ(downs.size(), 1u);
-    EXPECT_EQ(downs[0].wParam, kKeyReturn);
     EXPECT_TRUE(parent.Only(WM_KEYDOWN).empty());
-}
 
-TEST_F(InputTest, WindowThatLeavesTheKeyboardToTheHostGetsNoKeys) {
-    wnd.SetFocus();
-    driver.Key(kKeyReturn, kCharReturn);
-    EXPECT_TRUE(wnd.Only(WM_KEYDOWN).empty());
-}
-
-TEST_F(InputTest, FocusMovesWithKillFocusAndGoesWithTheNativeFocus) {
-    FilteringWnd first;
-    FilteringWnd second;
-    ASSERT_TRUE(first.CreateChild(&wnd, CRect(0, 0, 20, 20)));
-    ASSERT_TRUE(second.CreateChild(&wnd, CRect(20, 0, 40, 20)));
-    first.SetFocus();
-    second.SetFocus();
-    const auto kills = first.Only(WM_KILLFOCUS);
+    parent.SetFocus();
+    const auto kills = field.Only(WM_KILLFOCUS);
     ASSERT_EQ(kills.size(), 1u);
-    EXPECT_EQ(kills[0].wParam, reinterpret_cast<WPARAM>(second.GetSafeHwnd()));
-    EXPECT_EQ(CWnd::GetFocus(), &second);
+    EXPECT_EQ(kills[0].wParam, reinterpret_cast<WPARAM>(parent.GetSafeHwnd()));
+    EXPECT_EQ(CWnd::GetFocus(), &parent);
     driver.Platform().FocusElsewhere();
-    EXPECT_EQ(second.Only(WM_KILLFOCUS).size(), 1u);
+    EXPECT_EQ(parent.Only(WM_KILLFOCUS).size(), 1u);
     EXPECT_EQ(CWnd::GetFocus(), nullptr);
 }
 

@@ -2,7 +2,6 @@
 #include "tests/toolkit/HostFixture.h"
 #include "toolkit/platform/KeyCodes.h"
 #include "toolkit/PopupListWnd.h"
-#include "tests/toolkit/RecordingWnd.h"
 #include "toolkit/WinMessages.h"
 
 #include <gtest/gtest.h>
@@ -10,6 +9,8 @@
 namespace {
 
 constexpr UINT kFirstProgram = 1010;
+// Each end of a menu: whether an item was chosen, and how many commands came before it.
+using Ends = std::vector<std::pair<bool, std::size_t>>;
 
 // A panel that routes a range of commands to one handler, as the editor's panel does, and
 // greys one item whenever a menu opens.
@@ -34,11 +35,10 @@ ON_COMMAND_RANGE(1010, 1110, OnProgram)
 ON_MESSAGE(WM_INITMENUPOPUP, OnInitMenuPopup)
 END_MESSAGE_MAP()
 
-class MenuTest : public HostFixture {
+class MenuTest : public WindowFixture<MenuOwner> {
 protected:
     void SetUp() override {
-        HostFixture::SetUp();
-        ASSERT_TRUE(owner.CreateChild(&frame, CRect(10, 10, 210, 160)));
+        WindowFixture::SetUp();
         menu.CreatePopupMenu();
         for (UINT i = 0; i < 5; ++i) {
             CString title;
@@ -47,8 +47,7 @@ protected:
         }
     }
 
-    // Shows the menu and returns the list that is open once the call has returned; how it
-    // ends is recorded in closed (with the commands so far) at the next pump.
+    // Shows the menu and returns the list that is open once the call has returned.
     PopupListWnd* Track(CMenu& shown, int x = 5, int y = 5) {
         const bool opened = shown.TrackPopupMenu(0, x, y, &owner, nullptr, [this](bool chosen) {
             closed.push_back({chosen, owner.commands.size()});
@@ -62,17 +61,9 @@ protected:
         driver.Pump();
     }
 
-    struct Closed {
-        bool chosen;
-        std::size_t commandsBefore;
-        bool operator==(const Closed& other) const {
-            return chosen == other.chosen && commandsBefore == other.commandsBefore;
-        }
-    };
-
-    MenuOwner owner;
+    MenuOwner& owner = wnd;
     CMenu menu;
-    std::vector<Closed> closed;
+    Ends closed;
 };
 
 TEST_F(MenuTest, TrackReturnsWithTheMenuOpenAndTheChoiceArrivesBeforeTheEnd) {
@@ -87,7 +78,7 @@ TEST_F(MenuTest, TrackReturnsWithTheMenuOpenAndTheChoiceArrivesBeforeTheEnd) {
     EXPECT_TRUE(closed.empty());
     ClickItem(list, 2);
     EXPECT_EQ(owner.commands, std::vector<UINT>{kFirstProgram + 2});
-    EXPECT_EQ(closed, (std::vector<Closed>{{true, 1}})) << "told once, after the command";
+    EXPECT_EQ(closed, (Ends{{true, 1}})) << "told once, after the command";
     EXPECT_EQ(PopupListWnd::Active(), nullptr);
 }
 
@@ -111,7 +102,7 @@ TEST_F(MenuTest, ClickOutsideOrEscapeChoosesNothing) {
     driver.Key(kKeyEscape, kCharEscape);
     driver.Pump();
     EXPECT_TRUE(owner.commands.empty());
-    EXPECT_EQ(closed, (std::vector<Closed>{{false, 0}, {false, 0}}));
+    EXPECT_EQ(closed, (Ends{{false, 0}, {false, 0}}));
     EXPECT_EQ(PopupListWnd::Active(), nullptr);
 }
 
@@ -163,7 +154,7 @@ TEST_F(MenuTest, ItemWithoutCommandIdSendsNothingButCountsAsChosen) {
     plain.AppendMenu(MF_STRING, 0, "no command");
     ClickItem(Track(plain), 0);
     EXPECT_TRUE(owner.Only(WM_COMMAND).empty());
-    EXPECT_EQ(closed, (std::vector<Closed>{{true, 0}}));
+    EXPECT_EQ(closed, (Ends{{true, 0}}));
 }
 
 TEST_F(MenuTest, SixtyFourItemsUseColumnsOnAShortScreenAndAllCanBeChosen) {

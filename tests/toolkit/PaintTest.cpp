@@ -1,43 +1,43 @@
+// What reaches the screen from a window: its paints and what is drawn outside them.
 #include "tests/toolkit/HostFixture.h"
+#include "toolkit/CClientDC.h"
+#include "toolkit/CPaintDC.h"
 #include "toolkit/MFCView0.h"
-#include "tests/toolkit/RecordingWnd.h"
 #include "toolkit/WinMessages.h"
 #include "toolkit/WinStyles.h"
 
 #include <gtest/gtest.h>
 
+#include <functional>
+
 namespace {
 
-// Paints its whole update area in one colour, so that tests can see what reached the screen.
-class SolidWnd : public RecordingWnd {
+// Paints through CPaintDC whatever the test asks for; otherwise its whole update area, in one
+// colour, straight into the paint context.
+class PaintingWnd : public RecordingWnd {
 public:
     double red = 1.0, green = 0.0, blue = 0.0;
+    std::function<void(CPaintDC&)> paint;
     LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override {
-        if (message == WM_PAINT && GetPaintContext()) {
-            cairo_t* cr = GetPaintContext();
-            cairo_set_source_rgb(cr, red, green, blue);
-            cairo_paint(cr);
+        if (message == WM_PAINT && paint) {
+            CPaintDC dc(this);
+            paint(dc);
+        } else if (message == WM_PAINT && GetPaintContext()) {
+            cairo_set_source_rgb(GetPaintContext(), red, green, blue);
+            cairo_paint(GetPaintContext());
         }
         return RecordingWnd::WindowProc(message, wParam, lParam);
     }
 };
 
-class PaintTest : public HostFixture {
-protected:
-    void SetUp() override {
-        HostFixture::SetUp();
-        ASSERT_TRUE(wnd.CreateChild(&frame, CRect(10, 10, 110, 60)));
-    }
-
-    SolidWnd wnd;
-};
+using PaintTest = WindowFixture<PaintingWnd>;
 
 // Erasing comes just before painting, with a context that lives for that one paint.
 TEST_F(PaintTest, PaintingWaitsForThePumpAndFollowsTheErase) {
     EXPECT_TRUE(wnd.paintedAreas.empty());
     driver.Pump();
     ASSERT_EQ(wnd.paintedAreas.size(), 1u);
-    EXPECT_EQ(wnd.paintedAreas[0], CRect(0, 0, 100, 50));
+    EXPECT_EQ(wnd.paintedAreas[0], CRect(0, 0, 300, 200));
     EXPECT_EQ(driver.PixelAt(&wnd, 50, 25), 0xFF0000u);
     const auto messages = wnd.Messages();
     const auto paint = std::find(messages.begin(), messages.end(), WM_PAINT);
@@ -76,6 +76,8 @@ TEST_F(PaintTest, OnlyTheUpdateAreaChangesOnScreen) {
     EXPECT_EQ(driver.PixelAt(&wnd, 50, 25), 0xFF0000u);
 }
 
+// Hidden by the toolkit, the window waits to be shown; hidden by the host, it gets a full
+// repaint when shown again.
 TEST_F(PaintTest, HiddenWindowIsNotPaintedUntilShown) {
     driver.Pump();
     wnd.ShowWindow(SW_HIDE);
@@ -86,10 +88,7 @@ TEST_F(PaintTest, HiddenWindowIsNotPaintedUntilShown) {
     wnd.ShowWindow(SW_SHOW);
     driver.Pump();
     EXPECT_EQ(wnd.paintedAreas.size(), 1u);
-}
 
-TEST_F(PaintTest, HostThatHidesTheEditorGetsAFullRepaintWhenShowingItAgain) {
-    driver.Pump();
     driver.Platform().SetHostWindowVisible(host, false);
     wnd.paintedAreas.clear();
     const CRect small(0, 0, 5, 5);
@@ -99,11 +98,11 @@ TEST_F(PaintTest, HostThatHidesTheEditorGetsAFullRepaintWhenShowingItAgain) {
     driver.Platform().SetHostWindowVisible(host, true);
     driver.Pump();
     ASSERT_EQ(wnd.paintedAreas.size(), 1u);
-    EXPECT_EQ(wnd.paintedAreas[0], CRect(0, 0, 100, 50));
+    EXPECT_EQ(wnd.paintedAreas[0], CRect(0, 0, 300, 200));
 }
 
 TEST_F(PaintTest, ChildWindowsShowAboveTheirParent) {
-    SolidWnd child;
+    PaintingWnd child;
     child.green = 1.0;
     child.red = 0.0;
     ASSERT_TRUE(child.CreateChild(&wnd, CRect(10, 10, 20, 20)));
@@ -111,6 +110,65 @@ TEST_F(PaintTest, ChildWindowsShowAboveTheirParent) {
     EXPECT_EQ(driver.PixelAt(&wnd, 15, 15), 0x00FF00u);
     EXPECT_EQ(driver.PixelAt(&wnd, 25, 15), 0xFF0000u);
     EXPECT_EQ(driver.PixelAt(&frame, 25, 25), 0x00FF00u);
+}
+
+TEST_F(PaintTest, PaintDcCoversTheClientAreaAndShowsIt) {
+    CSize seen;
+    wnd.paint = [&](CPaintDC& dc) {
+        seen = dc.GetSize();
+        EXPECT_EQ(dc.GetPaintRect(), CRect(0, 0, 300, 200));
+        dc.FillSolidRect(CRect(0, 0, 300, 200), RGB(0, 128, 0));
+    };
+    driver.Pump();
+    EXPECT_EQ(seen, CSize(300, 200));
+    EXPECT_EQ(driver.PixelAt(&wnd, 150, 100), 0x008000u);
+}
+
+// Drawing outside a paint shows what was touched, at both ends of the window, and nothing
+// of a hidden window.
+TEST_F(PaintTest, ClientDcDrawsOutsideThePaint) {
+    driver.Pump();
+    {
+        CClientDC dc(&wnd);
+        ASSERT_NE(dc.GetSafeContext(), nullptr);
+        dc.FillSolidRect(CRect(0, 0, 5, 5), RGB(0, 255, 0));
+        dc.FillSolidRect(CRect(295, 195, 300, 200), RGB(0, 0, 255));
+    }
+    EXPECT_EQ(driver.PixelAt(&wnd, 2, 2), 0x00FF00u);
+    EXPECT_EQ(driver.PixelAt(&wnd, 297, 197), 0x0000FFu);
+    EXPECT_EQ(driver.PixelAt(&wnd, 150, 100), 0xFF0000u) << "the paint, untouched";
+    wnd.ShowWindow(SW_HIDE);
+    CClientDC hidden(&wnd);
+    EXPECT_EQ(hidden.GetSafeContext(), nullptr);
+    hidden.FillSolidRect(CRect(0, 0, 100, 100), 0);
+}
+
+TEST_F(PaintTest, SelectingAFontSetsTheWindowFont) {
+    CFont font;
+    font.CreatePointFont(20, "Osaka");
+    wnd.paint = [&](CPaintDC& dc) { dc.SelectObject(&font); };
+    driver.Pump();
+    EXPECT_EQ(wnd.GetFont()->GetPointSize(), 20);
+}
+
+TEST_F(PaintTest, BlitFromAWindowDcWithoutImageIsTraced) {
+    wnd.paint = [&](CPaintDC& dc) {
+        CDC nothing;
+        dc.BitBlt(0, 0, 10, 10, &nothing, 0, 0, SRCCOPY);
+    };
+    testing::internal::CaptureStdout();
+    driver.Pump();
+    EXPECT_EQ(testing::internal::GetCapturedStdout(), "BitBlt null \x80r\x80n");
+}
+
+TEST_F(PaintTest, DisplayDcExistsOnlyWithADisplay) {
+    CDC display;
+    EXPECT_TRUE(display.CreateDC("DISPLAY"));
+    EXPECT_EQ(display.GetSize(), CSize(1024, 1024));
+    frame.SetNativeHandle(nullptr);
+    CDC none;
+    EXPECT_TRUE(none.CreateDC("DISPLAY"));
+    EXPECT_EQ(none.GetSafeContext(), nullptr);
 }
 
 } // namespace

@@ -1,6 +1,5 @@
 #include "tests/toolkit/HostFixture.h"
 #include "toolkit/PostedMessageRing.h"
-#include "tests/toolkit/RecordingWnd.h"
 #include "toolkit/WinMessages.h"
 
 #include <gtest/gtest.h>
@@ -9,23 +8,14 @@ namespace {
 
 constexpr UINT kPing = WM_USER + 1;
 
-class PostMessageTest : public HostFixture {
+class PostMessageTest : public WindowFixture<RecordingWnd, true> {
 protected:
-    void SetUp() override {
-        HostFixture::SetUp();
-        ASSERT_TRUE(wnd.CreateChild(&frame, CRect(0, 0, 40, 40)));
-        driver.Pump();
-        wnd.received.clear();
-    }
-
     std::vector<WPARAM> PingsReceived() const {
         std::vector<WPARAM> values;
         for (const ReceivedMessage& m : wnd.Only(kPing))
             values.push_back(m.wParam);
         return values;
     }
-
-    RecordingWnd wnd;
 };
 
 TEST_F(PostMessageTest, PostsArriveInOrderAtThePumpNotBefore) {

@@ -21,8 +21,7 @@ bool IsInk(std::uint32_t pixel) {
 
 } // namespace
 
-std::vector<unsigned char> BandsPng(int width, int bandHeight,
-                                    const std::vector<std::uint32_t>& colours) {
+cairo_surface_t* BandsImage(int width, int bandHeight, const std::vector<std::uint32_t>& colours) {
     const int height = bandHeight * static_cast<int>(colours.size());
     cairo_surface_t* surface = cairo_image_surface_create(CAIRO_FORMAT_ARGB32, width, height);
     cairo_t* cr = cairo_create(surface);
@@ -34,6 +33,12 @@ std::vector<unsigned char> BandsPng(int width, int bandHeight,
         cairo_fill(cr);
     }
     cairo_destroy(cr);
+    return surface;
+}
+
+std::vector<unsigned char> BandsPng(int width, int bandHeight,
+                                    const std::vector<std::uint32_t>& colours) {
+    cairo_surface_t* surface = BandsImage(width, bandHeight, colours);
     std::vector<unsigned char> png;
     cairo_surface_write_to_png_stream(surface, Append, &png);
     cairo_surface_destroy(surface);

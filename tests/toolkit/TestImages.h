@@ -6,8 +6,9 @@
 #include <cstdint>
 #include <vector>
 
-// A width × (height × colours) image of horizontal bands, one per colour (0xRRGGBB), top
-// to bottom, encoded as PNG.
+// A width × (bandHeight × colours) image of horizontal bands, one per colour (0xRRGGBB), top
+// to bottom; the caller owns it. The same encoded as PNG.
+cairo_surface_t* BandsImage(int width, int bandHeight, const std::vector<std::uint32_t>& colours);
 std::vector<unsigned char> BandsPng(int width, int bandHeight,
                                     const std::vector<std::uint32_t>& colours);
 // The pixel at (x, y) as 0xRRGGBB, alpha dropped.

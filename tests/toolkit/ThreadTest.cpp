@@ -1,6 +1,5 @@
 #include "toolkit/FallbackIdleDriver.h"
 #include "tests/toolkit/HostFixture.h"
-#include "tests/toolkit/RecordingWnd.h"
 #include "toolkit/WinMessages.h"
 #include "toolkit/WindowTimer.h"
 
@@ -27,15 +26,7 @@ public:
     }
 };
 
-class ThreadTest : public HostFixture {
-protected:
-    void SetUp() override {
-        HostFixture::SetUp();
-        ASSERT_TRUE(wnd.CreateChild(&frame, CRect(0, 0, 40, 40)));
-    }
-
-    TimedWnd wnd;
-};
+using ThreadTest = WindowFixture<TimedWnd>;
 
 TEST_F(ThreadTest, TimerTicksArriveAsTimerMessagesWithZeroId) {
     const auto start = Clock::now();

@@ -45,7 +45,7 @@ TEST_F(WindowTest, ChildStyleIsForcedAndAParentWithAViewNeeded) {
 }
 
 // Refused by OnCreate, the window is torn down (PostNcDestroy) before it is placed; refused
-// by PreCreateWindow, nothing is sent at all.
+// by PreCreateWindow, nothing is sent at all and there is nothing to destroy.
 TEST_F(WindowTest, RefusedCreationLeavesNoView) {
     RecordingWnd byOnCreate;
     byOnCreate.createResult = -1;
@@ -58,6 +58,7 @@ TEST_F(WindowTest, RefusedCreationLeavesNoView) {
     byPreCreate.allowCreate = false;
     EXPECT_FALSE(byPreCreate.CreateChild(&frame, CRect(0, 0, 10, 10)));
     EXPECT_TRUE(byPreCreate.received.empty());
+    EXPECT_FALSE(byPreCreate.DestroyWindow()) << "a window never created cannot be destroyed";
     EXPECT_EQ(byPreCreate.postNcDestroyCalls, 0);
 }
 
@@ -78,12 +79,6 @@ TEST_F(WindowTest, DestroyTakesChildrenFirstThenDetaches) {
     EXPECT_EQ(child.postNcDestroyCalls, 1);
     EXPECT_EQ(parent.GetDlgItem(3), nullptr);
     EXPECT_FALSE(parent.DestroyWindow());
-}
-
-TEST_F(WindowTest, WindowNeverCreatedCannotBeDestroyed) {
-    RecordingWnd wnd;
-    EXPECT_FALSE(wnd.DestroyWindow());
-    EXPECT_EQ(wnd.postNcDestroyCalls, 0);
 }
 
 TEST_F(WindowTest, ShowWindowHidesAndShowsWithPositionNotice) {

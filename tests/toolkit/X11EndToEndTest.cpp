@@ -1,10 +1,12 @@
 // The toolkit on a real X server (run under Xvfb): a window inside a window that another
 // connection owns, as a host's, painted, clicked and typed into with xdotool, and closed
 // without leaving windows, threads or display connections behind.
-#include "toolkit/CFrameWnd.h"
 #include "tests/toolkit/EndToEndScenario.h"
+#include "tests/toolkit/ToolkitThreads.h"
+#include "toolkit/CFrameWnd.h"
 #include "toolkit/FallbackIdleDriver.h"
 #include "toolkit/MessagePump.h"
+#include "toolkit/WinStyles.h"
 
 // Before Xlib, whose macros (None, Status) would break it.
 #include <gtest/gtest.h>
@@ -14,8 +16,6 @@
 
 #include <chrono>
 #include <cstdlib>
-#include <dirent.h>
-#include <fstream>
 #include <string>
 #include <thread>
 
@@ -23,24 +23,6 @@ namespace {
 
 constexpr int kHostX = 40;
 constexpr int kHostY = 30;
-
-// Threads of the toolkit (timers, the fallback idle driver) still alive in the process.
-int ToolkitThreadCount() {
-    int count = 0;
-    if (DIR* tasks = opendir("/proc/self/task")) {
-        while (const dirent* entry = readdir(tasks)) {
-            if (entry->d_name[0] == '.')
-                continue;
-            std::ifstream comm(std::string("/proc/self/task/") + entry->d_name + "/comm");
-            std::string name;
-            std::getline(comm, name);
-            if (name.rfind("zephyra-", 0) == 0)
-                ++count;
-        }
-        closedir(tasks);
-    }
-    return count;
-}
 
 bool RunTool(const std::string& command) {
     return std::system(command.c_str()) == 0;
@@ -56,8 +38,7 @@ public:
         m_window =
             XCreateSimpleWindow(m_display, RootWindow(m_display, screen), kHostX, kHostY, 320, 220,
                                 0, BlackPixel(m_display, screen), BlackPixel(m_display, screen));
-        XMapWindow(m_display, m_window);
-        XSync(m_display, False);
+        SetMapped(true);
     }
     ~HostWindow() {
         if (!m_display)
@@ -67,7 +48,6 @@ public:
         XCloseDisplay(m_display);
     }
     Display* display() const { return m_display; }
-    Window window() const { return m_window; }
     void* Handle() const { return reinterpret_cast<void*>(static_cast<std::uintptr_t>(m_window)); }
     unsigned ChildCount() const {
         Window root, parent, *children = nullptr;
@@ -86,10 +66,7 @@ public:
         return pixel;
     }
     void SetMapped(bool mapped) {
-        if (mapped)
-            XMapWindow(m_display, m_window);
-        else
-            XUnmapWindow(m_display, m_window);
+        (mapped ? XMapWindow : XUnmapWindow)(m_display, m_window);
         XSync(m_display, False);
     }
     void Destroy() {
@@ -106,16 +83,14 @@ private:
 class X11Backend : public ScenarioBackend {
 public:
     explicit X11Backend(HostWindow& host) : m_host(host) {}
-
-    void Click(CWnd* wnd, int x, int y) override {
-        const CPoint at = Screen(wnd, x, y);
-        RunTool("xdotool mousemove --sync " + std::to_string(at.x) + " " + std::to_string(at.y) +
-                " click 1");
+    ~X11Backend() override {
+        if (m_keys.joinable())
+            m_keys.join();
     }
+
+    void Click(CWnd* wnd, int x, int y) override { RunTool(MoveTo(wnd, x, y) + " click 1"); }
     void DoubleClick(CWnd* wnd, int x, int y) override {
-        const CPoint at = Screen(wnd, x, y);
-        RunTool("xdotool mousemove --sync " + std::to_string(at.x) + " " + std::to_string(at.y) +
-                " click --repeat 2 --delay 80 1");
+        RunTool(MoveTo(wnd, x, y) + " click --repeat 2 --delay 80 1");
     }
     void Type(const char* text) override {
         RunTool(std::string("xdotool type --delay 20 '") + text + "'");
@@ -131,10 +106,6 @@ public:
             m_keys.join();
         m_keys = std::thread([command] { RunTool(command); });
     }
-    ~X11Backend() override {
-        if (m_keys.joinable())
-            m_keys.join();
-    }
     bool RunUntil(const std::function<bool()>& condition) override {
         const auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(2);
         while (std::chrono::steady_clock::now() < deadline) {
@@ -146,16 +117,19 @@ public:
         return false;
     }
     std::uint32_t ScreenPixel(CWnd* wnd, int x, int y) override {
-        CPoint at(x, y);
-        wnd->ClientToScreen(&at);
+        const CPoint at = Screen(wnd, x, y);
         return m_host.Pixel(at.x - kHostX, at.y - kHostY);
     }
 
 private:
-    CPoint Screen(CWnd* wnd, int x, int y) {
+    static CPoint Screen(CWnd* wnd, int x, int y) {
         CPoint at(x, y);
         wnd->ClientToScreen(&at);
         return at;
+    }
+    static std::string MoveTo(CWnd* wnd, int x, int y) {
+        const CPoint at = Screen(wnd, x, y);
+        return "xdotool mousemove --sync " + std::to_string(at.x) + " " + std::to_string(at.y);
     }
 
     HostWindow& m_host;
@@ -168,33 +142,46 @@ protected:
         if (!std::getenv("DISPLAY") || !host.display())
             GTEST_SKIP() << "needs an X server (run under xvfb-run)";
     }
+    // The frame in the host's window and the test's window in it, as an editor opens.
+    void Open() {
+        ASSERT_TRUE(frame.SetNativeHandle(host.Handle()));
+        frame.HostIdle();
+        ASSERT_TRUE(wnd.Create(nullptr, "w", WS_CHILD | WS_VISIBLE, CRect(0, 0, 100, 100), &frame, 1));
+    }
+    // Five rounds of pumping, each with a short wait for work.
+    static void PumpAWhile() {
+        for (int i = 0; i < 5; ++i) {
+            AfxPumpMessages();
+            AfxWaitForWork(10);
+        }
+    }
+
     HostWindow host;
+    CFrameWnd frame;
+    ScenarioWnd wnd;
 };
 
 TEST_F(X11EndToEnd, WindowInAForeignParentIsPaintedClickedAndTypedInto) {
+    ASSERT_TRUE(frame.SetNativeHandle(host.Handle()));
+    CRect client;
+    frame.GetClientRect(&client);
+    EXPECT_EQ(client, CRect(0, 0, 320, 220));
+    frame.HostIdle();
     {
-        CFrameWnd frame;
-        ASSERT_TRUE(frame.SetNativeHandle(host.Handle()));
-        CRect client;
-        frame.GetClientRect(&client);
-        EXPECT_EQ(client, CRect(0, 0, 320, 220));
-        frame.HostIdle();
         X11Backend backend(host);
         PlayScenario(frame, backend);
-        EXPECT_EQ(host.ChildCount(), 0u) << "the destroyed window left the host's window";
-        frame.SetNativeHandle(nullptr);
     }
+    EXPECT_EQ(host.ChildCount(), 0u) << "the destroyed window left the host's window";
+    frame.SetNativeHandle(nullptr);
     EXPECT_EQ(ToolkitThreadCount(), 0);
     host.Destroy();
 }
 
 TEST_F(X11EndToEnd, HostDestroyingItsWindowRightAfterCloseIsHarmless) {
-    CFrameWnd frame;
-    ScenarioWnd wnd;
     {
         std::lock_guard<std::recursive_mutex> lock(AfxUiLock());
         ASSERT_TRUE(frame.SetNativeHandle(host.Handle()));
-        ASSERT_TRUE(wnd.Create(nullptr, "w", 0x50000000, CRect(0, 0, 100, 100), &frame, 1));
+        ASSERT_TRUE(wnd.Create(nullptr, "w", WS_CHILD | WS_VISIBLE, CRect(0, 0, 100, 100), &frame, 1));
         wnd.SetTimer(1, 20);
     }
     std::this_thread::sleep_for(std::chrono::milliseconds(100));
@@ -210,28 +197,19 @@ TEST_F(X11EndToEnd, HostDestroyingItsWindowRightAfterCloseIsHarmless) {
 }
 
 TEST_F(X11EndToEnd, HostWindowDestroyedWhileTheEditorIsOpen) {
-    CFrameWnd frame;
-    ScenarioWnd wnd;
-    ASSERT_TRUE(frame.SetNativeHandle(host.Handle()));
-    frame.HostIdle();
-    ASSERT_TRUE(wnd.Create(nullptr, "w", 0x50000000, CRect(0, 0, 100, 100), &frame, 1));
+    Open();
     AfxPumpMessages();
     host.Destroy();
     for (int i = 0; i < 5; ++i) {
         wnd.Invalidate();
-        AfxPumpMessages();
-        AfxWaitForWork(10);
+        PumpAWhile();
     }
     EXPECT_TRUE(wnd.DestroyWindow());
     frame.SetNativeHandle(nullptr);
 }
 
 TEST_F(X11EndToEnd, HostThatHidesTheEditorGetsAFullRepaintOnShowingIt) {
-    CFrameWnd frame;
-    ScenarioWnd wnd;
-    ASSERT_TRUE(frame.SetNativeHandle(host.Handle()));
-    frame.HostIdle();
-    ASSERT_TRUE(wnd.Create(nullptr, "w", 0x50000000, CRect(0, 0, 100, 100), &frame, 1));
+    Open();
     X11Backend backend(host);
     ASSERT_TRUE(backend.RunUntil([&] { return !wnd.paintedAreas.empty(); }));
 
@@ -241,10 +219,7 @@ TEST_F(X11EndToEnd, HostThatHidesTheEditorGetsAFullRepaintOnShowingIt) {
     wnd.paintedAreas.clear();
     const CRect corner(0, 0, 5, 5);
     wnd.InvalidateRect(&corner);
-    for (int i = 0; i < 5; ++i) {
-        AfxPumpMessages();
-        AfxWaitForWork(10);
-    }
+    PumpAWhile();
     EXPECT_TRUE(wnd.paintedAreas.empty()) << "nothing is drawn while the host hides it";
 
     host.SetMapped(true);
