@@ -40,42 +40,44 @@ bool CFile::Open(const char* pathOrURL, unsigned flags) {
     return true;
 }
 
+namespace {
+
+// Moves count bytes with a read or write call that may move fewer at a time, retrying
+// after a signal; returns how many were moved before the end of the file or an error.
+template <typename Byte, typename Transfer>
+unsigned TransferAll(Byte* bytes, unsigned count, Transfer transfer) {
+    unsigned done = 0;
+    while (done < count) {
+        const ssize_t moved = transfer(bytes + done, count - done);
+        if (moved < 0 && errno == EINTR) {
+            continue;
+        }
+        if (moved <= 0) {
+            break;
+        }
+        done += static_cast<unsigned>(moved);
+    }
+    return done;
+}
+
+} // namespace
+
 unsigned CFile::Read(void* buffer, unsigned count) {
     if (m_fd < 0) {
         return 0;
     }
-    auto* bytes = static_cast<char*>(buffer);
-    unsigned done = 0;
-    while (done < count) {
-        const ssize_t got = ::read(m_fd, bytes + done, count - done);
-        if (got < 0 && errno == EINTR) {
-            continue;
-        }
-        if (got <= 0) {
-            break;
-        }
-        done += static_cast<unsigned>(got);
-    }
-    return done;
+    return TransferAll(static_cast<char*>(buffer), count,
+                       [this](char* at, unsigned left) { return ::read(m_fd, at, left); });
 }
 
 bool CFile::Write(const void* buffer, unsigned count) {
     if (m_fd < 0) {
         return false;
     }
-    const auto* bytes = static_cast<const char*>(buffer);
-    unsigned done = 0;
-    while (done < count) {
-        const ssize_t put = ::write(m_fd, bytes + done, count - done);
-        if (put < 0 && errno == EINTR) {
-            continue;
-        }
-        if (put <= 0) {
-            return false;
-        }
-        done += static_cast<unsigned>(put);
-    }
-    return true;
+    const auto written =
+        TransferAll(static_cast<const char*>(buffer), count,
+                    [this](const char* at, unsigned left) { return ::write(m_fd, at, left); });
+    return written == count;
 }
 
 int64_t CFile::Seek(int64_t offset, SeekPosition from) {

@@ -31,7 +31,11 @@ void AZephyra::storeNormalised(int index, float value) {
 // Hands the engine the integer form of a normalised value.
 void AZephyra::pushToEngine(int index, float value) {
     const auto engineValue = static_cast<int>(NormalizeValToDWValue(index, value));
-    const int band = index < kParamType2 ? 0 : 1;
+    // Each band's four parameters in order: type, gain, frequency, Q.
+    using BandSetter = bool (CMultiEqualizer::*)(int band, int value);
+    static constexpr BandSetter kBandSetters[] = {
+        &CMultiEqualizer::set_Type, &CMultiEqualizer::set_Gain, &CMultiEqualizer::set_Freq,
+        &CMultiEqualizer::set_Q};
     switch (index) {
     case kParamOnOff: {
         const bool on = OnOffValueIsOn(value);
@@ -45,23 +49,12 @@ void AZephyra::pushToEngine(int index, float value) {
     case kParamInput:
         m_engine->set_InputLevel(engineValue);
         break;
-    case kParamType1:
-    case kParamType2:
-        m_engine->set_Type(band, engineValue);
-        break;
-    case kParamGain1:
-    case kParamGain2:
-        m_engine->set_Gain(band, engineValue);
-        break;
-    case kParamFreq1:
-    case kParamFreq2:
-        m_engine->set_Freq(band, engineValue);
-        break;
-    case kParamQ1:
-    case kParamQ2:
-        m_engine->set_Q(band, engineValue);
-        break;
     default:
+        if (index >= kParamType1 && index < kNumParams) {
+            const int band = index < kParamType2 ? 0 : 1;
+            const BandSetter set = kBandSetters[(index - kParamType1) % 4];
+            (m_engine->*set)(band, engineValue);
+        }
         break;
     }
 }

@@ -38,9 +38,7 @@ void CButton::Click() {
 
 void CButton::OnPaint() {
     CPaintDC dc(this);
-    CRect client;
-    GetClientRect(&client);
-    dc.FillSolidRect(client, GetBackgroundColor());
+    CRect client = EraseClientArea(dc);
     const bool enabled = IsWindowEnabled();
     COLORREF face = theme::kControl;
     if (IsDefault())

@@ -94,9 +94,7 @@ void CComboBox::ShowDropDown(bool show) {
 
 void CComboBox::OnPaint() {
     CPaintDC dc(this);
-    CRect client;
-    GetClientRect(&client);
-    dc.FillSolidRect(client, GetBackgroundColor());
+    CRect client = EraseClientArea(dc);
     const bool focused = GetFocus() == this;
     dc.FillRoundRect(client, theme::kCornerRadius,
                      m_dropped ? theme::kControlPressed : theme::kControl);

@@ -210,9 +210,7 @@ int CEdit::PositionAt(int x) {
 
 void CEdit::OnPaint() {
     CPaintDC dc(this);
-    CRect client;
-    GetClientRect(&client);
-    dc.FillSolidRect(client, GetBackgroundColor());
+    CRect client = EraseClientArea(dc);
     const bool focused = GetFocus() == this;
     dc.FillRoundRect(client, theme::kCornerRadius, theme::kField);
     dc.FrameRoundRect(client, theme::kCornerRadius, focused ? theme::kAccent : theme::kBorder,

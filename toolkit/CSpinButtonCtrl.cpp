@@ -92,9 +92,7 @@ void CSpinButtonCtrl::Step(int direction) {
 
 void CSpinButtonCtrl::OnPaint() {
     CPaintDC dc(this);
-    CRect client;
-    GetClientRect(&client);
-    dc.FillSolidRect(client, GetBackgroundColor());
+    CRect client = EraseClientArea(dc);
     CRect body(client);
     body.DeflateRect(1, 1);
     dc.FillRoundRect(body, theme::kCornerRadius, theme::kControl);

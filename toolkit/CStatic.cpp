@@ -15,9 +15,7 @@ bool CStatic::Create(const char* text, DWORD style, const RECT& rect, CWnd* pare
 
 void CStatic::OnPaint() {
     CPaintDC dc(this);
-    CRect client;
-    GetClientRect(&client);
-    dc.FillSolidRect(client, GetBackgroundColor());
+    CRect client = EraseClientArea(dc);
     dc.SelectObject(GetFont());
     dc.SetTextColor(IsWindowEnabled() ? theme::kText : theme::kTextDim);
     const DWORD align = GetStyle() & 0x3;

@@ -1,5 +1,6 @@
 #include "toolkit/CWnd.h"
 
+#include "toolkit/CDC.h"
 #include "toolkit/MFCView0.h"
 #include "toolkit/MFCWindow.h"
 #include "toolkit/MessagePump.h"
@@ -392,6 +393,13 @@ void CWnd::GetWindowRect(RECT* rect) const {
         return;
     CPoint origin = m_pView ? m_pView->ScreenOrigin() : m_position;
     *rect = CRect(origin, m_size);
+}
+
+CRect CWnd::EraseClientArea(CDC& dc) const {
+    CRect client;
+    GetClientRect(&client);
+    dc.FillSolidRect(client, GetBackgroundColor());
+    return client;
 }
 
 void CWnd::GetClientRect(RECT* rect) const {

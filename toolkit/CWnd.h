@@ -17,6 +17,7 @@
 #include <memory>
 #include <vector>
 
+class CDC;
 class MFCView0;
 class MFCWindow;
 class WindowTimer;
@@ -101,6 +102,8 @@ public:
     CFont* GetFont() { return &m_font; }
     COLORREF GetBackgroundColor() const { return m_backgroundColor; }
     void SetBackgroundColor(COLORREF color);
+    // Fills the whole client area with the background colour; returns that area.
+    CRect EraseClientArea(CDC& dc) const;
 
     // Geometry: client coordinates have their origin at the window's top left.
     virtual void MoveWindow(int x, int y, int cx, int cy, bool repaint = true);

@@ -6,12 +6,13 @@
 
 namespace {
 
-struct FlagName {
-    int32_t flag;
+// A word for a flag or a code of the interface.
+struct CodeName {
+    long code;
     const char* name;
 };
 
-constexpr FlagName kFlagNames[] = {
+constexpr CodeName kFlagNames[] = {
     {effFlagsHasEditor, "editor"},
     {effFlagsHasClip, "clip"},
     {effFlagsHasVu, "vu"},
@@ -27,8 +28,8 @@ constexpr FlagName kFlagNames[] = {
 
 std::vector<std::string> flagWords(int32_t flags) {
     std::vector<std::string> words;
-    for (const FlagName& entry : kFlagNames) {
-        if ((flags & entry.flag) != 0) {
+    for (const CodeName& entry : kFlagNames) {
+        if ((flags & entry.code) != 0) {
             words.emplace_back(entry.name);
         }
     }
@@ -115,11 +116,7 @@ std::vector<std::string> programNames(PluginInstance& plugin) {
 } // namespace
 
 std::string categoryName(long category) {
-    struct CategoryName {
-        VstPlugCategory category;
-        const char* name;
-    };
-    constexpr CategoryName kNames[] = {
+    constexpr CodeName kNames[] = {
         {kPlugCategEffect, "effect"},
         {kPlugCategSynth, "synth"},
         {kPlugCategAnalysis, "analysis"},
@@ -132,8 +129,8 @@ std::string categoryName(long category) {
         {kPlugCategShell, "shell"},
         {kPlugCategGenerator, "generator"},
     };
-    for (const CategoryName& entry : kNames) {
-        if (entry.category == category) {
+    for (const CodeName& entry : kNames) {
+        if (entry.code == category) {
             return entry.name;
         }
     }

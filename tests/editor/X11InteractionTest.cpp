@@ -1,11 +1,11 @@
 // The editor in a real X window, worked with the mouse and keyboard through xdotool: copy
 // a program from the menu, drag a knob, type a value, save through the dialog; then the
 // bank file that the save wrote shows all of it.
+#include "effect/ZephyraParameters.h"
 #include "tests/editor/BankRecords.h"
 #include "tests/editor/DesktopDriver.h"
 #include "tests/support/TempFolder.h"
 #include "tests/tools/ToolRunner.h"
-#include "effect/ZephyraParameters.h"
 
 #include <gtest/gtest.h>
 
@@ -36,9 +36,9 @@ TEST(EditorOnX11, MouseAndKeyboardCopyEditAndSaveAProgram) {
     TempFolder scratch;
     ScopedEnv preferences("XDG_CONFIG_HOME", scratch.Path());
     // The command-line host shows the editor until its window is closed (a minute at most).
-    auto editor = std::async(std::launch::async, runZephyra,
-                             std::vector<std::string>{"--plugin", ZEPHYRA_MODULE, "editor",
-                                                      "--seconds", "60"});
+    auto editor = std::async(std::launch::async, [] {
+        return runZephyra({"--plugin", ZEPHYRA_MODULE, "editor", "--seconds", "60"});
+    });
     const std::string window = FindWindowTitled("Zephyra");
     ASSERT_FALSE(window.empty()) << "the editor's window came";
     std::this_thread::sleep_for(std::chrono::milliseconds(500));
