@@ -19,6 +19,8 @@ void CQMTDragControl::Place(const CRect& controlRect, const CRect& readoutRect, 
 bool CQMTDragControl::PressAt(CPoint point, CDC* dc) {
     if (!Grab(point))
         return false;
+    if (m_gesture)
+        m_gesture(true);
     Follow(point);
     Redraw(dc);
     return true;
@@ -36,6 +38,8 @@ void CQMTDragControl::OnLButtonUp(CPoint point, CDC* dc) {
         return;
     Follow(point);
     Released();
+    if (m_gesture)
+        m_gesture(false);
     Redraw(dc);
 }
 

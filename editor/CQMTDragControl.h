@@ -8,6 +8,8 @@
 #include "toolkit/CDC.h"
 #include "toolkit/CWnd.h"
 
+#include <functional>
+
 class CQMTDragControl {
 public:
     virtual ~CQMTDragControl() = default;
@@ -20,6 +22,11 @@ public:
     void GetRect(CRect* rect) const;
     void SetNewRect(const CRect& controlRect, const CRect& readoutRect);
     bool IsDragging() const { return m_dragging; }
+    // Told true as a drag starts, before its first value, and false as it ends, after its
+    // last: a host that groups edits into gestures learns where one begins and ends.
+    void SetGestureHandler(std::function<void(bool dragging)> handler) {
+        m_gesture = std::move(handler);
+    }
 
 protected:
     void Place(const CRect& controlRect, const CRect& readoutRect, CWnd* parent);
@@ -45,4 +52,5 @@ private:
     virtual void Released() {}
 
     CRect m_readoutRect;
+    std::function<void(bool dragging)> m_gesture;
 };

@@ -72,6 +72,13 @@ void CUIWindow::LoadBitmaps() {
         Bitmap(resource).LoadResourceBitmap(MAKEINTRESOURCE(resource));
 }
 
+void CUIWindow::TellGestures(CQMTDragControl& control, int parameter) {
+    control.SetGestureHandler([this, parameter](bool dragging) {
+        if (m_pEditor)
+            m_pEditor->DragGesture(parameter, dragging);
+    });
+}
+
 void CUIWindow::MakeControls() {
     for (int slot = 0; slot < kKnobCount; ++slot) {
         const ValueControlLayout& knob = kKnobLayout[slot];
@@ -79,6 +86,7 @@ void CUIWindow::MakeControls() {
                            kKnobStyle.min, kKnobStyle.max, knob.id, kKnobStyle.frameCount,
                            kKnobStyle.angleFrom, kKnobStyle.angleTo, kKnobStyle.spare, false,
                            ControlCallback, this);
+        TellGestures(m_knobs[slot], knob.parameter);
     }
     // The thumb's centre travels from the bottom of the track to its top.
     CQMTBitmap& track = Bitmap(kBitmapSliderBackground);
@@ -90,6 +98,7 @@ void CUIWindow::MakeControls() {
         m_sliders[slot].Make(slider.control, slider.readout, this, &track, nullptr, &thumb, 0.0f,
                              1.0f, bottom, top, slider.id, 1, true, false, false, false,
                              ControlCallback, this);
+        TellGestures(m_sliders[slot], slider.parameter);
     }
     const auto makeSwitch = [this](CQMTBitmapSwitch2DC& control, const SwitchLayout& layout) {
         control.Make(layout.rect, this, &Bitmap(layout.offBitmap), &Bitmap(layout.onBitmap),

@@ -92,6 +92,8 @@ private:
     CQMTBitmap& Bitmap(int resource);
     void LoadBitmaps();
     void MakeControls();
+    // Reports the control's drags to the editor as gestures on its parameter.
+    void TellGestures(CQMTDragControl& control, int parameter);
     void ShowEffectValues();
     void DrawReadout(CDC* dc, const ValueControlLayout& control);
     void DrawLamp(CDC* dc, CDC* sources);

@@ -4,6 +4,7 @@
 #include "editor/UIWindowLayout.h"
 #include "effect/AZephyra.h"
 #include "toolkit/FallbackIdleDriver.h"
+#include "toolkit/MFCView0.h"
 
 #include <mutex>
 
@@ -83,4 +84,10 @@ void CZephyraEditor::draw(ERect*) {
 
 ZephyraPanel* CZephyraEditor::GetPanel() {
     return m_panelOpen.load(std::memory_order_acquire) ? &m_pendingUpdates : nullptr;
+}
+
+uintptr_t CZephyraEditor::GetPanelSystemHandle() const {
+    UiLock lock(AfxUiLock());
+    const MFCView0* view = m_pPanel ? m_pPanel->GetSafeHwnd() : nullptr;
+    return view && view->Native() ? view->Native()->SystemHandle() : 0;
 }

@@ -9,6 +9,7 @@
 #include "toolkit/CFrameWnd.h"
 
 #include <atomic>
+#include <functional>
 #include <memory>
 
 class AZephyra;
@@ -36,10 +37,22 @@ public:
     // While open, where the effect's changes go (from any thread); null while closed.
     ZephyraPanel* GetPanel() override;
 
+    // Where drags on the panel's knobs and sliders are reported as gestures on their
+    // parameter; none by default.
+    using GestureListener = std::function<void(int parameter, bool dragging)>;
+    void SetGestureListener(GestureListener listener) { m_gestureListener = std::move(listener); }
+    void DragGesture(int parameter, bool dragging) {
+        if (m_gestureListener)
+            m_gestureListener(parameter, dragging);
+    }
+
     // The effect as the panel sees it.
     ZephyraEditorEffect* GetZephyra() { return m_effect; }
     PendingPanelUpdates& PendingUpdates() { return m_pendingUpdates; }
     CUIWindow* GetUIWindow() const { return m_pPanel.get(); }
+    // The open panel's own window in the window system (what an LV2 host embeds); 0 while
+    // closed.
+    uintptr_t GetPanelSystemHandle() const;
 
 private:
     ZephyraEditorEffect* m_effect;
@@ -49,4 +62,5 @@ private:
     std::unique_ptr<CUIWindow> m_pPanel;
     PendingPanelUpdates m_pendingUpdates;
     std::atomic<bool> m_panelOpen{false};
+    GestureListener m_gestureListener;
 };

@@ -3,6 +3,7 @@
 #include "base/CString.h"
 #include "base/SJIS.h"
 #include "lv2/Lv2Ports.h"
+#include "lv2/PortValue.h"
 
 #include <charconv>
 #include <cstdio>
@@ -20,6 +21,7 @@ constexpr char kPrefixes[] = "@prefix atom: <http://lv2plug.in/ns/ext/atom#> .\n
                              "@prefix rdf: <http://www.w3.org/1999/02/22-rdf-syntax-ns#> .\n"
                              "@prefix rdfs: <http://www.w3.org/2000/01/rdf-schema#> .\n"
                              "@prefix state: <http://lv2plug.in/ns/ext/state#> .\n"
+                             "@prefix ui: <http://lv2plug.in/ns/extensions/ui#> .\n"
                              "@prefix units: <http://lv2plug.in/ns/extensions/units#> .\n"
                              "@prefix urid: <http://lv2plug.in/ns/ext/urid#> .\n\n";
 
@@ -46,7 +48,7 @@ std::string Number(float value) {
 // written as the shortest value that a port turns back into the program's own value.
 std::string PortNumber(const ZephyraProgramRecord& record, int index) {
     const float normalised = record.param[index];
-    return Decimal(NormalizeValToInternalVal(index, normalised),
+    return Decimal(PortValueOf(index, normalised),
                    [&](float read) { return DisplayToNormalizeValue(index, read) == normalised; });
 }
 
@@ -148,6 +150,8 @@ std::string ManifestText(const AZephyraProgram& bank, const char* binaryName) {
     std::string text = kPrefixes;
     text += "<" + std::string(kPluginUri) + ">\n    a lv2:Plugin ;\n    lv2:binary <" + binaryName +
             "> ;\n    rdfs:seeAlso <" + kPluginFile + "> .\n";
+    text += "\n<" + std::string(kUiUri) + ">\n    a ui:X11UI ;\n    ui:binary <" + binaryName +
+            "> ;\n    rdfs:seeAlso <" + kPluginFile + "> .\n";
     for (int program : NamedPrograms(bank)) {
         text += "\n<" + PresetUri(program) + ">\n    a pset:Preset ;\n    lv2:appliesTo <" +
                 kPluginUri + "> ;\n    rdfs:seeAlso <" + kPresetsFile + "> .\n";
@@ -162,7 +166,8 @@ std::string PluginText(const AZephyraProgram& bank) {
             "    lv2:project <" +
             kPluginUri +
             "#project> ;\n    lv2:optionalFeature lv2:hardRTCapable , urid:map ;\n"
-            "    lv2:extensionData state:interface ;\n";
+            "    lv2:extensionData state:interface ;\n    ui:ui <" +
+            kUiUri + "> ;\n";
     std::vector<std::string> ports;
     for (uint32_t index = 0; index < kNumAudioPorts; ++index) {
         ports.push_back(AudioPort(index));
@@ -176,6 +181,13 @@ std::string PluginText(const AZephyraProgram& bank) {
     text += PortList(ports);
     text += "\n<" + std::string(kPluginUri) +
             "#project>\n    a doap:Project ;\n    doap:name \"Zephyra\" .\n";
+    // The panel needs the instance itself (see lv2/Lv2Ui.h) and the host's idle calls.
+    text += "\n<" + std::string(kUiUri) +
+            ">\n    a ui:X11UI ;\n"
+            "    lv2:requiredFeature <http://lv2plug.in/ns/ext/instance-access> , ui:parent , "
+            "ui:idleInterface ;\n"
+            "    lv2:optionalFeature ui:resize , ui:touch , ui:noUserResize ;\n"
+            "    lv2:extensionData ui:idleInterface .\n";
     return text;
 }
 

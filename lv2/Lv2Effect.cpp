@@ -12,6 +12,10 @@ namespace {
 
 constexpr intptr_t kInterfaceVersion = 2400;
 
+// Set while a run applies the host's port values: the edits the effect then reports are
+// the host's own and go nowhere. Per thread, as the user interface edits meanwhile.
+thread_local bool t_applyingPorts = false;
+
 const LV2_URID_Map* FindUridMap(const LV2_Feature* const* features) {
     for (const LV2_Feature* const* feature = features; feature && *feature; ++feature) {
         if (std::strcmp((*feature)->URI, LV2_URID__map) == 0) {
@@ -32,26 +36,38 @@ std::string AsFolder(const char* path) {
 
 } // namespace
 
-Lv2Effect::Lv2Effect(double sampleRate, const char* bundlePath, const LV2_Feature* const* features)
+Lv2Effect::Lv2Effect(double sampleRate, const char* bundlePath, const LV2_Feature* const* features,
+                     ZephyraEditorFactory makeEditor)
     : m_bundlePath(AsFolder(bundlePath)) {
     if (const LV2_URID_Map* map = FindUridMap(features)) {
         m_bankKey = map->map(map->handle, lv2::kBankStateKey);
         m_chunkType = map->map(map->handle, LV2_ATOM__Chunk);
     }
-    m_effect = std::make_unique<AZephyra>(AnswerEffect);
+    m_effect = std::make_unique<AZephyra>(AnswerEffect, makeEditor);
     m_effect->getAeffect()->user = this;
     m_effect->setSampleRate(static_cast<float>(sampleRate));
     m_effect->open();
     ForgetAppliedPorts();
 }
 
-intptr_t Lv2Effect::AnswerEffect(AEffect* effect, int32_t opcode, int32_t, intptr_t, void*, float) {
+intptr_t Lv2Effect::AnswerEffect(AEffect* effect, int32_t opcode, int32_t index, intptr_t, void*,
+                                 float opt) {
     auto* self = effect ? static_cast<Lv2Effect*>(effect->user) : nullptr;
-    switch (opcode) {
-    case audioMasterVersion:
+    if (opcode == audioMasterVersion) {
         return kInterfaceVersion;
+    }
+    if (!self) {
+        return 0;
+    }
+    Lv2EditListener* listener = t_applyingPorts ? nullptr : self->m_editListener;
+    switch (opcode) {
     case audioMasterGetDirectory:
-        return self ? reinterpret_cast<intptr_t>(self->m_bundlePath.c_str()) : 0;
+        return reinterpret_cast<intptr_t>(self->m_bundlePath.c_str());
+    case audioMasterAutomate:
+        if (listener) {
+            listener->Edited(index, opt);
+        }
+        return 0;
     default:
         return 0;
     }
@@ -85,6 +101,7 @@ void Lv2Effect::ForgetAppliedPorts() {
 // (a NaN is ignored), then stored only when it gives another normalised value than the
 // effect holds, so that ports agreeing with a restored program leave it unedited.
 void Lv2Effect::ApplyControlPorts() {
+    t_applyingPorts = true;
     for (int index = 0; index < kNumParams; ++index) {
         if (!m_controls[index]) {
             continue;
@@ -108,6 +125,7 @@ void Lv2Effect::ApplyControlPorts() {
             m_effect->setParameter(index, normalised);
         }
     }
+    t_applyingPorts = false;
 }
 
 void Lv2Effect::Run(uint32_t frames) {

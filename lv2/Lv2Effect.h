@@ -14,10 +14,22 @@
 #include <memory>
 #include <string>
 
+// Where the effect's reports of a user's edit go (its panel moved a control or took a
+// typed value), as the VST host hears them through the automation call.
+class Lv2EditListener {
+public:
+    virtual void Edited(int index, float normalised) = 0;
+
+protected:
+    ~Lv2EditListener() = default;
+};
+
 class Lv2Effect {
 public:
-    // features may be null or lack urid:map (then the state is neither saved nor restored).
-    Lv2Effect(double sampleRate, const char* bundlePath, const LV2_Feature* const* features);
+    // features may be null or lack urid:map (then the state is neither saved nor restored);
+    // makeEditor may be null (no editor).
+    Lv2Effect(double sampleRate, const char* bundlePath, const LV2_Feature* const* features,
+              ZephyraEditorFactory makeEditor = nullptr);
 
     void ConnectPort(uint32_t port, void* data);
     void Activate();
@@ -28,6 +40,8 @@ public:
     LV2_State_Status Restore(LV2_State_Retrieve_Function retrieve, LV2_State_Handle handle);
 
     AZephyra& Effect() { return *m_effect; }
+    // Null to stop listening. The user-interface thread sets it while nothing edits.
+    void SetEditListener(Lv2EditListener* listener) { m_editListener = listener; }
 
 private:
     // What the effect asks of its host, answered for it: the interface version and the
@@ -38,6 +52,7 @@ private:
     void ForgetAppliedPorts();
 
     std::string m_bundlePath;
+    Lv2EditListener* m_editListener = nullptr;
     LV2_URID m_bankKey = 0;
     LV2_URID m_chunkType = 0;
     std::unique_ptr<AZephyra> m_effect;

@@ -10,6 +10,7 @@
 namespace lv2 {
 
 constexpr char kPluginUri[] = "urn:zephyra:equalizer";
+constexpr char kUiUri[] = "urn:zephyra:equalizer#ui";
 // The state key under which the whole bank travels (the same image as the host chunk).
 constexpr char kBankStateKey[] = "urn:zephyra:equalizer#bank";
 

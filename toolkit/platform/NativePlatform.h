@@ -7,6 +7,7 @@
 #include "base/WinTypes.h"
 
 #include <cairo.h>
+#include <cstdint>
 
 #include <memory>
 
@@ -66,6 +67,8 @@ public:
     // to see clicks outside themselves).
     virtual void GrabPointer() = 0;
     virtual void ReleasePointer() = 0;
+    // The window system's own name for the view (an X window id), for a host that embeds it.
+    virtual uintptr_t SystemHandle() const = 0;
 };
 
 class NativePlatform {

@@ -27,6 +27,7 @@ public:
     void ReturnKeyboardFocus() override;
     void GrabPointer() override;
     void ReleasePointer() override;
+    uintptr_t SystemHandle() const override { return reinterpret_cast<uintptr_t>(m_node); }
 
 private:
     HeadlessPlatform& m_platform;

@@ -34,6 +34,7 @@ public:
     void ReturnKeyboardFocus() override;
     void GrabPointer() override;
     void ReleasePointer() override;
+    uintptr_t SystemHandle() const override { return m_window; }
 
 private:
     void HandleKey(XKeyEvent& event);

@@ -1,0 +1,87 @@
+#include "lv2/Lv2Ui.h"
+
+#include "editor/CZephyraEditor.h"
+#include "lv2/PortValue.h"
+
+#include <lv2/instance-access/instance-access.h>
+
+#include <cstring>
+
+namespace {
+
+void* FindFeature(const LV2_Feature* const* features, const char* uri) {
+    for (const LV2_Feature* const* feature = features; feature && *feature; ++feature) {
+        if (std::strcmp((*feature)->URI, uri) == 0) {
+            return (*feature)->data;
+        }
+    }
+    return nullptr;
+}
+
+bool IsParameter(int index) {
+    return index >= 0 && index < kNumParams;
+}
+
+} // namespace
+
+std::unique_ptr<Lv2Ui> Lv2Ui::Create(LV2UI_Write_Function write, LV2UI_Controller controller,
+                                     const LV2_Feature* const* features) {
+    auto* plugin = static_cast<Lv2Effect*>(FindFeature(features, LV2_INSTANCE_ACCESS_URI));
+    void* parent = FindFeature(features, LV2_UI__parent);
+    if (!plugin || !parent || !write) {
+        return nullptr;
+    }
+    auto* editor = dynamic_cast<CZephyraEditor*>(plugin->Effect().getEditor());
+    if (!editor || !editor->open(parent)) {
+        return nullptr;
+    }
+    ERect* size = nullptr;
+    editor->getRect(&size);
+    if (auto* resize = static_cast<const LV2UI_Resize*>(FindFeature(features, LV2_UI__resize));
+        resize && size) {
+        resize->ui_resize(resize->handle, size->right - size->left, size->bottom - size->top);
+    }
+    const auto* touch = static_cast<const LV2UI_Touch*>(FindFeature(features, LV2_UI__touch));
+    return std::unique_ptr<Lv2Ui>(new Lv2Ui(*plugin, *editor, write, controller, touch));
+}
+
+Lv2Ui::Lv2Ui(Lv2Effect& plugin, CZephyraEditor& editor, LV2UI_Write_Function write,
+             LV2UI_Controller controller, const LV2UI_Touch* touch)
+    : m_plugin(plugin), m_editor(editor), m_write(write), m_controller(controller), m_touch(touch) {
+    m_plugin.SetEditListener(this);
+    m_editor.SetGestureListener(
+        [this](int parameter, bool dragging) { Touch(parameter, dragging); });
+}
+
+Lv2Ui::~Lv2Ui() {
+    m_editor.SetGestureListener(nullptr);
+    m_plugin.SetEditListener(nullptr);
+    m_editor.close();
+    if (m_touched >= 0) {
+        Touch(m_touched, false);
+    }
+}
+
+LV2UI_Widget Lv2Ui::Widget() const {
+    return reinterpret_cast<LV2UI_Widget>(m_editor.GetPanelSystemHandle());
+}
+
+int Lv2Ui::Idle() {
+    m_editor.idle();
+    return 0;
+}
+
+void Lv2Ui::Touch(int index, bool grabbed) {
+    m_touched = grabbed ? index : -1;
+    if (m_touch && IsParameter(index)) {
+        m_touch->touch(m_touch->handle, lv2::kFirstParameterPort + index, grabbed);
+    }
+}
+
+void Lv2Ui::Edited(int index, float normalised) {
+    if (!IsParameter(index)) {
+        return;
+    }
+    const float value = lv2::PortValueOf(index, normalised);
+    m_write(m_controller, lv2::kFirstParameterPort + index, sizeof value, 0, &value);
+}
