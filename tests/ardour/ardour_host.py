@@ -5,6 +5,7 @@ copy of the module; results come back through files, because luasession may abor
 exit after its work is done.
 
 usage: ardour_host.py CASE --module Zephyra.so --cli zephyra --scanner PATH --luasession PATH
+       --lv2-bundle Zephyra.lv2
 """
 
 import argparse
@@ -13,6 +14,7 @@ import json
 import math
 import os
 import random
+import re
 import shutil
 import struct
 import subprocess
@@ -39,6 +41,9 @@ DISPLAYS = {
     "Type2": "PEAK", "Gain2": "3.0", "Freq2": "1000.0", "Q2": "2.0",
 }
 PROGRAM = 3
+# A factory program that hosts list as an LV2 preset, and its number in the bank.
+LV2_PRESET_NAME = "Vocal Presence"
+LV2_PRESET_PROGRAM = 1
 
 
 class Failure(Exception):
@@ -139,6 +144,12 @@ class Ardour:
         write_test_signal(folder)
         scan = self.run([options.scanner, "-q", "-f", self.module], self.env)
         check(scan.returncode == 0, "the scanner failed:\n" + scan.stdout.decode(errors="replace"))
+
+    def use_lv2(self):
+        """Puts a copy of the LV2 bundle alone on LV2_PATH and has the scripts use it."""
+        bundles = os.path.join(self.folder, "lv2")
+        shutil.copytree(self.options.lv2_bundle, os.path.join(bundles, "Zephyra.lv2"))
+        self.env.update({"LV2_PATH": bundles, "ZT_PLUGIN_TYPE": "LV2"})
 
     def run(self, command, env):
         return subprocess.run(command, env=env, cwd=self.folder, stdout=subprocess.PIPE,
@@ -365,6 +376,43 @@ def case_session(ardour, cli):
     check_same_audio(only_wav(reopened_folder), expected, "the reopened session's render")
 
 
+def saved_lv2_bank(session_folder):
+    """The bank image in the LV2 state Ardour saved beside the session."""
+    for root, _, files in os.walk(session_folder):
+        for name in files:
+            if name == "state.ttl":
+                text = open(os.path.join(root, name)).read()
+                found = re.search(r'"""([A-Za-z0-9+/=\s]+)"""\^\^xsd:base64Binary', text)
+                if found:
+                    return base64.b64decode("".join(found.group(1).split()))
+    raise Failure("no saved LV2 state with a bank in " + session_folder)
+
+
+def case_lv2_session(ardour, cli):
+    """The LV2 edition: a factory preset and an edit of Gain1 in dB render the same bits
+    as the VST program with the same edit, travel in the session's LV2 state, and come
+    back with it in a new process."""
+    ardour.use_lv2()
+    saved_folder = ardour.export_folder("saved")
+    saved = reported(ardour.lua("lv2_session.lua", preset=LV2_PRESET_NAME, gain1=6,
+                                out=saved_folder), "saved")
+    check(saved[GAIN1] == 6.0, "Gain1's port holds %r" % saved[GAIN1])
+    expected_values = parameter_values(cli.info("--program", str(LV2_PRESET_PROGRAM),
+                                                "--set", "Gain1=+6"))
+    bank = saved_lv2_bank(ardour.env["ZT_SESSION_DIR"])
+    check(len(bank) == 4608, "a bank of %d bytes" % len(bank))
+    check_bank_chunk(bank, 0, expected_values, "the saved state's")
+
+    reopened_folder = ardour.export_folder("reopened")
+    reopened = reported(ardour.lua("reopen_session.lua", new_session=False,
+                                   out=reopened_folder), "reopened")
+    check_values(reopened, saved, "the reopened ports")
+    expected = cli.render(os.path.join(ardour.folder, "expected.wav"),
+                          "--program", str(LV2_PRESET_PROGRAM), "--set", "Gain1=+6")
+    check_same_audio(only_wav(saved_folder), expected, "the LV2 session's render")
+    check_same_audio(only_wav(reopened_folder), expected, "the reopened LV2 session's render")
+
+
 def case_automation(ardour, cli):
     """An automation lane on Gain1 reaches the plug-in as drawn."""
     def gain(text):
@@ -388,14 +436,14 @@ def case_automation(ardour, cli):
 
 CASES = {
     "scan": case_scan, "parameters": case_parameters, "render": case_render,
-    "session": case_session, "automation": case_automation,
+    "session": case_session, "automation": case_automation, "lv2_session": case_lv2_session,
 }
 
 
 def main():
     parser = argparse.ArgumentParser(description=__doc__.splitlines()[0])
     parser.add_argument("case", choices=sorted(CASES))
-    for option in ("module", "cli", "scanner", "luasession"):
+    for option in ("module", "cli", "scanner", "luasession", "lv2-bundle"):
         parser.add_argument("--" + option, required=True)
     options = parser.parse_args()
     folder = tempfile.mkdtemp(prefix="zephyra-ardour-%s-" % options.case)
