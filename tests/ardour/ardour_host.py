@@ -22,6 +22,9 @@ import sys
 import tempfile
 import xml.etree.ElementTree as ElementTree
 
+sys.path.insert(0, os.path.join(os.path.dirname(os.path.abspath(__file__)), "..", "support"))
+from hostcheck import Failure, check, float32  # noqa: E402
+
 HERE = os.path.dirname(os.path.abspath(__file__))
 RATE = 48000
 BLOCK = 1024
@@ -44,19 +47,6 @@ PROGRAM = 3
 # A factory program that hosts list as an LV2 preset, and its number in the bank.
 LV2_PRESET_NAME = "Vocal Presence"
 LV2_PRESET_PROGRAM = 1
-
-
-class Failure(Exception):
-    pass
-
-
-def check(condition, message):
-    if not condition:
-        raise Failure(message)
-
-
-def float32(value):
-    return struct.unpack("<f", struct.pack("<f", value))[0]
 
 
 def four_character_code(text):

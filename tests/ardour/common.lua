@@ -121,6 +121,14 @@ function reopened_session()
 	return session, track, equaliser
 end
 
+-- Loads the preset Ardour lists under the label (a VST program, an LV2 preset).
+function load_preset(equaliser, label)
+	local plug = equaliser:to_insert():plugin(0)
+	local preset = plug:preset_by_label(label)
+	assert(preset, label .. " among Ardour's presets")
+	assert(plug:load_preset(preset), label .. " loaded")
+end
+
 -- The equaliser's own value of a parameter.
 function plugin_value(equaliser, index)
 	return (ARDOUR.LuaAPI.get_processor_param(equaliser, index, true))

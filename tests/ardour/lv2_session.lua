@@ -3,10 +3,7 @@
 dofile(os.getenv("ZT_LUA_DIR") .. "/common.lua")
 
 local session, track, equaliser = new_equaliser_session()
-local plug = equaliser:to_insert():plugin(0)
-local preset = plug:preset_by_label(os.getenv("ZT_PRESET"))
-assert(preset, "the preset among Ardour's presets")
-assert(plug:load_preset(preset), "preset loaded")
+load_preset(equaliser, os.getenv("ZT_PRESET"))
 wait_for_processing()
 local gain1 = tonumber(os.getenv("ZT_GAIN1"))
 ARDOUR.LuaAPI.set_processor_param(equaliser, 4, gain1)

@@ -3,10 +3,7 @@
 dofile(os.getenv("ZT_LUA_DIR") .. "/common.lua")
 
 local session, track, equaliser = new_equaliser_session()
-local plug = equaliser:to_insert():plugin(0)
-local preset = plug:preset_by_label(os.getenv("ZT_PROGRAM_NAME"))
-assert(preset, "the program among Ardour's presets")
-assert(plug:load_preset(preset), "program selected")
+load_preset(equaliser, os.getenv("ZT_PROGRAM_NAME"))
 
 -- Ardour hands the program to the plug-in from a thread of its own: wait for its values.
 local program = values_from("ZT_PROGRAM_VALUES")

@@ -17,6 +17,9 @@ import sys
 import tempfile
 import time
 
+sys.path.insert(0, os.path.join(os.path.dirname(os.path.abspath(__file__)), "..", "support"))
+from hostcheck import Failure, check  # noqa: E402
+
 # Panel coordinates (editor/PanelGeometry.h): band 1's gain knob spans x 172..206 at
 # y 54..88; a press on its left edge sets 0.2 of its range. The save button's centre.
 KNOB_LEFT_EDGE = (172, 71)
@@ -25,15 +28,6 @@ PANEL_SIZE = "456x210"
 GAIN1 = 4
 BANK_CHUNK = 160
 RECORD = 72
-
-
-class Failure(Exception):
-    pass
-
-
-def check(condition, message):
-    if not condition:
-        raise Failure(message)
 
 
 def wait_for(what, probe, seconds=20.0):

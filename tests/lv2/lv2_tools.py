@@ -16,6 +16,9 @@ import subprocess
 import sys
 import tempfile
 
+sys.path.insert(0, os.path.join(os.path.dirname(os.path.abspath(__file__)), "..", "support"))
+from hostcheck import Failure, check, float32  # noqa: E402
+
 # The settings by port symbol for lv2apply and as the command-line host takes them.
 SETTINGS = [("type1", "1", "Type1=PEAK"), ("gain1", "6", "Gain1=+6"),
             ("freq1", "2000", "Freq1=2000"), ("q1", "2", "Q1=2"), ("gain2", "-4.5", "Gain2=-4.5"),
@@ -26,23 +29,10 @@ SETTINGS = [("type1", "1", "Type1=PEAK"), ("gain1", "6", "Gain1=+6"),
 LEVELS = [("input", -3.0, "Input", 1.0), ("output", 2.0, "Output", 2.0)]
 
 
-def float32(value):
-    return struct.unpack("<f", struct.pack("<f", value))[0]
-
-
 def typed_level(db, highest):
     lowest = float32(0.001)
     factor = min(max(float32(math.pow(2.0, db / 6.0)), lowest), highest)
     return float32(float32(factor - lowest) / float32(highest - lowest))
-
-
-class Failure(Exception):
-    pass
-
-
-def check(condition, message):
-    if not condition:
-        raise Failure(message)
 
 
 def run(command, env):
