@@ -7,20 +7,16 @@ void CQMTBitmapSliderDC::Make(const CRect& sliderRect, const CRect& readoutRect,
                               float min, float max, CPoint start, CPoint end, unsigned int id,
                               int vertical, bool logarithmic, bool reversed, bool thumbHidden,
                               bool snapToEnds, QMTControlCallback callback, void* user) {
-    Place(sliderRect, readoutRect, parent);
+    Place(sliderRect, readoutRect, parent, min, max, logarithmic, {id, callback, user});
     m_background = background;
     m_fill = fill;
     m_thumb = thumb;
-    m_min = min;
-    m_max = max;
     m_start = start;
     m_end = end;
     m_vertical = vertical;
-    m_logarithmic = logarithmic;
     m_reversed = reversed;
     m_thumbHidden = thumbHidden;
     m_snapToEnds = snapToEnds;
-    m_notify = {id, callback, user};
     m_value = min;
     m_enabled = true;
     m_backgroundWidth = background ? background->Width() : 0;

@@ -40,21 +40,16 @@ private:
     void ComposeVertical(CDC& image, CDC& sources);
     void ComposeHorizontal(CDC& image, CDC& sources);
 
-    float m_min = 0.0f;
-    float m_max = 0.0f;
     CPoint m_start;
     CPoint m_end;
     int m_vertical = 0;
     CQMTBitmap* m_background = nullptr;
     CQMTBitmap* m_thumb = nullptr;
     CQMTBitmap* m_fill = nullptr;
-    float m_value = 0.0f;
     bool m_thumbHidden = false;
-    bool m_logarithmic = false;
     bool m_reversed = false;
     bool m_snapToEnds = false;
     int m_backgroundWidth = 0;
     int m_backgroundHeight = 0;
-    QMTControlNotifier m_notify;
     bool m_enabled = true;
 };

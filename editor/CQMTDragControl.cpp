@@ -10,10 +10,15 @@ void CQMTDragControl::SetNewRect(const CRect& controlRect, const CRect& readoutR
     m_readoutRect = readoutRect;
 }
 
-void CQMTDragControl::Place(const CRect& controlRect, const CRect& readoutRect, CWnd* parent) {
+void CQMTDragControl::Place(const CRect& controlRect, const CRect& readoutRect, CWnd* parent,
+                            float min, float max, bool logarithmic, QMTControlNotifier notify) {
     SetNewRect(controlRect, readoutRect);
     m_parent = parent;
     m_dragging = false;
+    m_min = min;
+    m_max = max;
+    m_logarithmic = logarithmic;
+    m_notify = notify;
 }
 
 bool CQMTDragControl::PressAt(CPoint point, CDC* dc) {

@@ -1,10 +1,12 @@
 // What the knob and the slider share as controls the panel drags: their place on the
-// panel, the read-out they invalidate on a change, and the press, moves and release of a
-// drag, with the mouse captured in between. No window of its own; the panel owns each
+// panel, the read-out they invalidate on a change, the range their value moves in and whom
+// they tell of it, and the press, moves and release of a drag, with the mouse captured in
+// between. No window of its own; the panel owns each
 // control, forwards the mouse to it and hands it a DC to draw into.
 #pragma once
 
 #include "base/CRect.h"
+#include "editor/QMTControlCallback.h"
 #include "toolkit/CDC.h"
 #include "toolkit/CWnd.h"
 
@@ -29,7 +31,8 @@ public:
     }
 
 protected:
-    void Place(const CRect& controlRect, const CRect& readoutRect, CWnd* parent);
+    void Place(const CRect& controlRect, const CRect& readoutRect, CWnd* parent, float min,
+               float max, bool logarithmic, QMTControlNotifier notify);
     // A press inside the control starts a drag and captures the mouse for the parent.
     bool StartDrag(CPoint point);
     // Ends a drag and releases the capture; false when no drag was under way.
@@ -41,6 +44,11 @@ protected:
     CRect m_controlRect;
     CWnd* m_parent = nullptr;
     bool m_dragging = false;
+    float m_min = 0.0f;
+    float m_max = 0.0f;
+    float m_value = 0.0f;
+    bool m_logarithmic = false;
+    QMTControlNotifier m_notify;
 
 private:
     // Whether a press here starts a drag (StartDrag, where the control agrees).

@@ -13,14 +13,10 @@ void CQMTNewBitmapTumamiDC::Make(const CRect& knobRect, const CRect& readoutRect
                                  CQMTBitmap* strip, float min, float max, unsigned int id,
                                  int frameCount, float angleFrom, float angleTo, int /*spare*/,
                                  bool logarithmic, QMTControlCallback callback, void* user) {
-    Place(knobRect, readoutRect, parent);
+    Place(knobRect, readoutRect, parent, min, max, logarithmic, {id, callback, user});
     m_strip = strip;
-    m_min = min;
-    m_max = max;
     m_angleFrom = angleFrom;
     m_angleTo = angleTo;
-    m_logarithmic = logarithmic;
-    m_notify = {id, callback, user};
     m_value = kNoDragValue;
     m_lastDragValue = kNoDragValue;
     SetValue(min + 0.5f * (max - min), nullptr, false);

@@ -41,14 +41,9 @@ private:
     static constexpr float kReleasedDragValue = -1.0f;
 
     CQMTBitmap* m_strip = nullptr;
-    float m_min = 0.0f;
-    float m_max = 0.0f;
-    float m_value = 0.0f;
     float m_angleFrom = 0.0f;
     float m_angleTo = 0.0f;
     double m_angle = 0.0;
     float m_lastDragValue = kNoDragValue;
     float m_step = 0.0f;
-    bool m_logarithmic = false;
-    QMTControlNotifier m_notify;
 };
