@@ -5,6 +5,7 @@
 #include <climits>
 #include <cmath>
 #include <functional>
+#include <tuple>
 
 namespace {
 
@@ -59,9 +60,10 @@ void ExpectMatchesReference(
     }
 }
 
-std::unique_ptr<CMultiEqualizer> StereoEngine(const Settings& s, int blockLength = 256) {
+std::unique_ptr<CMultiEqualizer> MakeEngine(const Settings& s, int blockLength = 256,
+                                            uint16_t channels = 2, uint32_t rate = 44100) {
     auto engine = std::make_unique<CMultiEqualizer>();
-    const tWAVEFORMATEX format = Format(2, 44100);
+    const tWAVEFORMATEX format = Format(channels, rate);
     engine->SetMediaType(&format, blockLength);
     Apply(*engine, s);
     return engine;
@@ -76,51 +78,47 @@ const Settings kBoostAndCut = {
 TEST(MultiEqualizer, BlocksLongerThanTheWorkLengthMatchOnePass) {
     const Stereo in = Signal(1000);
     for (int blockLength : {64, 1, 0, -8, INT_MAX}) {
-        ExpectMatchesReference(in, RunBlocks(*StereoEngine(kBoostAndCut, blockLength), in, {1000}),
+        ExpectMatchesReference(in, RunBlocks(*MakeEngine(kBoostAndCut, blockLength), in, {1000}),
                                kBoostAndCut, 44100);
     }
 }
 
+// Type, gain, frequency, Q and activation of one band, as the engine reports them.
+std::tuple<int, int, int, int, bool> BandState(CMultiEqualizer& engine, int band) {
+    int type = -1, gain = -1, freq = -1, q = -1;
+    bool active = false;
+    engine.get_Type(band, &type);
+    engine.get_Gain(band, &gain);
+    engine.get_Freq(band, &freq);
+    engine.get_Q(band, &q);
+    engine.get_Activate(band, &active);
+    return {type, gain, freq, q, active};
+}
+
+const std::tuple<int, int, int, int, bool> kDefaultBand{0, 0, 1000 * kHz, 65536, true};
+
 TEST(MultiEqualizer, DefaultsAreActiveFlatLowShelvesAtOneKilohertz) {
     CMultiEqualizer engine;
-    for (int band = 0; band < 2; ++band) {
-        int type = -1, gain = -1, freq = -1, q = -1;
-        bool active = false;
-        engine.get_Type(band, &type);
-        engine.get_Gain(band, &gain);
-        engine.get_Freq(band, &freq);
-        engine.get_Q(band, &q);
-        engine.get_Activate(band, &active);
-        EXPECT_EQ(type, 0);
-        EXPECT_EQ(gain, 0);
-        EXPECT_EQ(freq, 65536000);
-        EXPECT_EQ(q, 65536);
-        EXPECT_TRUE(active);
-    }
+    EXPECT_EQ(BandState(engine, 0), kDefaultBand);
+    EXPECT_EQ(BandState(engine, 1), kDefaultBand);
 }
 
 TEST(MultiEqualizer, FixedPointValuesReadBackTruncatedAndSaturated) {
     CMultiEqualizer engine;
-    int value = 0;
+    int q = 0, input = 0, output = 0, threshold = 0;
     engine.set_Q(1, 19661);
-    engine.get_Q(1, &value);
-    EXPECT_EQ(value, 19661);
     engine.set_InputLevel(-3918705);
-    engine.get_InputLevel(&value);
-    EXPECT_EQ(value, -3918705);
     engine.set_OutputLevel(INT_MAX);
-    engine.get_OutputLevel(&value);
-    EXPECT_EQ(value, INT_MAX) << "2^31 after rounding to float saturates";
+    engine.set_OverLevelThreshold(0x20000);
+    engine.get_Q(1, &q);
+    engine.get_InputLevel(&input);
+    engine.get_OutputLevel(&output);
+    engine.get_OverLevelThreshold(&threshold);
+    // 2^31 after rounding to float saturates; the threshold stays at full scale, read unscaled.
+    EXPECT_EQ(std::make_tuple(q, input, output, threshold),
+              std::make_tuple(19661, -3918705, INT_MAX, 1));
     engine.set_InputLevel(-393216);
     EXPECT_EQ(engine.GetChain(0).inputGain, 0.5011872f);
-}
-
-TEST(MultiEqualizer, OverLevelThresholdIsFixedAtFullScaleAndReadsUnscaled) {
-    CMultiEqualizer engine;
-    int threshold = 0;
-    engine.set_OverLevelThreshold(0x20000);
-    engine.get_OverLevelThreshold(&threshold);
-    EXPECT_EQ(threshold, 1);
 }
 
 TEST(MultiEqualizer, BandOutsideZeroAndOneIsRefusedWithoutSideEffects) {
@@ -132,14 +130,8 @@ TEST(MultiEqualizer, BandOutsideZeroAndOneIsRefusedWithoutSideEffects) {
         EXPECT_FALSE(engine.get_Freq(band, &value));
         EXPECT_EQ(value, 0);
     }
-    for (int band = 0; band < 2; ++band) {
-        int gain = -1;
-        bool active = false;
-        engine.get_Gain(band, &gain);
-        engine.get_Activate(band, &active);
-        EXPECT_EQ(gain, 0);
-        EXPECT_TRUE(active);
-    }
+    EXPECT_EQ(BandState(engine, 0), kDefaultBand);
+    EXPECT_EQ(BandState(engine, 1), kDefaultBand);
 }
 
 TEST(MultiEqualizer, OverLevelFlagRisesOnlyAboveFullScale) {
@@ -153,10 +145,9 @@ TEST(MultiEqualizer, OverLevelFlagRisesOnlyAboveFullScale) {
         {"just above on the left", std::nextafter(1.0f, 2.0f), 0.0f, 0, true},
         {"just below minus full scale on the right", 0.0f, std::nextafter(-1.0f, -2.0f), 0, true},
         {"pushed over by the output level", 0.9f, 0.0f, 6 * kDb, true},
-        {"kept under by the output level", 1.5f, 0.0f, -6 * kDb, false},
-    };
+        {"kept under by the output level", 1.5f, 0.0f, -6 * kDb, false}};
     for (const auto& c : cases) {
-        auto engine = StereoEngine(kDefaults);
+        auto engine = MakeEngine(kDefaults);
         engine->set_OutputLevel(c.outputLevel);
         RunBlocks(*engine, Impulse(c.left, c.right), {8});
         bool raised = !c.raised;
@@ -167,7 +158,7 @@ TEST(MultiEqualizer, OverLevelFlagRisesOnlyAboveFullScale) {
 
 TEST(MultiEqualizer, ResetClearsHistoryButKeepsSettings) {
     const Stereo in = Signal(64);
-    auto engine = StereoEngine(kBoostAndCut);
+    auto engine = MakeEngine(kBoostAndCut);
     RunBlocks(*engine, in, {64});
     engine->Reset();
     ExpectMatchesReference(in, RunBlocks(*engine, in, {64}), kBoostAndCut, 44100);
@@ -188,7 +179,7 @@ TEST(MultiEqualizer, SettingsMadeBeforeTheFormatAreDesignedByIt) {
 }
 
 TEST(MultiEqualizer, NonPositiveCountTouchesNothing) {
-    auto engine = StereoEngine(kDefaults);
+    auto engine = MakeEngine(kDefaults);
     const std::vector<float> loud(4, 3.0f);
     const float* in[] = {loud.data(), loud.data()};
     for (int count : {0, -1, INT_MIN}) {
@@ -199,12 +190,8 @@ TEST(MultiEqualizer, NonPositiveCountTouchesNothing) {
 }
 
 TEST(MultiEqualizer, MonoRunsTheFirstChannelOnly) {
-    CMultiEqualizer engine;
-    const tWAVEFORMATEX format = Format(1, 48000);
-    engine.SetMediaType(&format, 128);
-    Apply(engine, kBoostAndCut);
     const auto in = reference::Noise(300, 9);
-    const auto out = TransformBlock(engine, {in.data()}, 300, 1);
+    const auto out = TransformBlock(*MakeEngine(kBoostAndCut, 128, 1, 48000), {in.data()}, 300, 1);
     auto want = ReferenceChannel(48000, kBoostAndCut);
     for (size_t n = 0; n < in.size(); ++n) {
         ASSERT_EQ(out[0][n], want.Run(in[n])) << "sample " << n;
@@ -212,14 +199,10 @@ TEST(MultiEqualizer, MonoRunsTheFirstChannelOnly) {
 }
 
 TEST(MultiEqualizer, SixChannelsAreLeftUntouched) {
-    CMultiEqualizer engine;
-    const tWAVEFORMATEX format = Format(6, 48000);
-    engine.SetMediaType(&format, 64);
-    engine.set_Gain(0, 12 * kDb);
     const std::vector<float> loud(64, 2.0f);
     const std::vector<const float*> in(6, loud.data());
     GuardedOutput out(6, 64, 0.125f);
-    engine.Transform(in.data(), 64, out.pointers(), nullptr);
+    MakeEngine(kBoostAndCut, 64, 6, 48000)->Transform(in.data(), 64, out.pointers(), nullptr);
     for (int c = 0; c < 6; ++c) {
         EXPECT_EQ(out.Samples(c), std::vector<float>(64, 0.125f)) << "channel " << c;
     }
@@ -227,13 +210,9 @@ TEST(MultiEqualizer, SixChannelsAreLeftUntouched) {
 }
 
 TEST(MultiEqualizer, ZeroSampleRatePassesTheSignalThroughUnchanged) {
-    CMultiEqualizer engine;
-    const tWAVEFORMATEX format = Format(2, 0);
-    engine.SetMediaType(&format, 64);
-    engine.set_Gain(0, 12 * kDb);
-    engine.set_Type(1, 1);
+    const Settings bandsOnly = {"BandsOnly", 0, 0, {kBoostAndCut.band[0], kBoostAndCut.band[1]}};
     const Stereo in = Signal(64);
-    const Stereo out = RunBlocks(engine, in, {64});
+    const Stereo out = RunBlocks(*MakeEngine(bandsOnly, 64, 2, 0), in, {64});
     EXPECT_EQ(out.left, in.left);
     EXPECT_EQ(out.right, in.right);
 }

@@ -70,13 +70,13 @@ TEST_F(DefaultBankFile, AnUnusablePreferencesCopyLeavesTheFactoryToThePluginsCop
         const char* what;
         std::string preferences;
         Names expected;
-    } cases[] = {
-        {"none", "", {"Factory", "Factory"}},
-        {"another plug-in's: no factory either", ChunkBank(MarkedBank("Foreign", 0.1f), "Othr"),
-         {"Empty", "Empty"}},
-        {"of another kind", ChunkBank(MarkedBank("Other", 0.1f), "VeEQ", "FxBk"),
-         {"Empty", "Factory"}},
-    };
+    } cases[] = {{"none", "", {"Factory", "Factory"}},
+                 {"another plug-in's: no factory either",
+                  ChunkBank(MarkedBank("Foreign", 0.1f), "Othr"),
+                  {"Empty", "Empty"}},
+                 {"of another kind",
+                  ChunkBank(MarkedBank("Other", 0.1f), "VeEQ", "FxBk"),
+                  {"Empty", "Factory"}}};
     WriteWholeFile(PluginCopy(), ChunkBank(MarkedBank("Factory", 0.9f), "VeEQ"));
     for (const auto& c : cases) {
         SCOPED_TRACE(c.what);
@@ -93,9 +93,8 @@ TEST_F(DefaultBankFile, AnUnusablePreferencesCopyLeavesTheFactoryToThePluginsCop
 TEST_F(DefaultBankFile, TruncatedOrOversizedChunksAreIgnored) {
     const std::string bank = MarkedBank("Damaged", 0.1f, 5);
     for (const std::string& file :
-         {ChunkBank(bank.substr(0, 1000), "VeEQ", "FBCh", 4608),
-          ChunkBank(bank + "extra", "VeEQ"), ChunkBank(bank, "VeEQ", "FBCh", ~0u),
-          std::string("CcnK\0\0", 6)}) {
+         {ChunkBank(bank.substr(0, 1000), "VeEQ", "FBCh", 4608), ChunkBank(bank + "extra", "VeEQ"),
+          ChunkBank(bank, "VeEQ", "FBCh", ~0u), std::string("CcnK\0\0", 6)}) {
         WriteWholeFile(PreferencesCopy(), file);
         AZephyra effect(RecordingHost::Callback);
         effect.open();

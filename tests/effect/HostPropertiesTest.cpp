@@ -1,6 +1,5 @@
-// What effGetParameterProperties answers depends on the host: hosts that take integer
-// min/max as the range of raw setParameter values get plain 0..1 controls named after the
-// parameters; every other host, and any host before effOpen, gets the display ranges.
+// effGetParameterProperties: hosts that take integer min/max as the raw setParameter range get
+// plain 0..1 controls; every other host, and any host before effOpen, the display ranges.
 #include "tests/effect/EffectTestSupport.h"
 
 #include <gtest/gtest.h>

@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+#include <tuple>
+
 namespace {
 
 int32_t storedProgramNumber(const std::string& bank) {
@@ -17,20 +19,9 @@ TEST(Programs, AFreshEffectHoldsSixtyFourEmptyDefaultPrograms) {
     // Kept: before a program is loaded the band types are the table's, the other way round.
     EXPECT_EQ(effect.getParameter(kParamType1), 1.0f);
     EXPECT_EQ(effect.getParameter(kParamType2), 0.0f);
-    ZephyraProgramRecord expected{};
-    const float values[] = {1.0f,
-                            ValToNormalizeValue(1, 1.0f),
-                            1.0f,
-                            0.0f,
-                            0.5f,
-                            ValToNormalizeValue(5, 1000.0f),
-                            ValToNormalizeValue(6, 1.0f),
-                            1.0f,
-                            0.5f,
-                            ValToNormalizeValue(9, 1000.0f),
-                            ValToNormalizeValue(10, 1.0f)};
-    std::memcpy(expected.param, values, sizeof(values));
-    std::strcpy(expected.name, "Empty");
+    const auto v = ValToNormalizeValue;
+    ZephyraProgramRecord expected{
+        {1, v(1, 1), 1, 0, 0.5f, v(5, 1000), v(6, 1), 1, 0.5f, v(9, 1000), v(10, 1)}, "Empty"};
     for (int program = 63; program >= 0; --program) {
         effect.setProgram(program);
         const ZephyraProgramRecord record = CurrentRecord(effect);
@@ -70,14 +61,12 @@ TEST(Programs, NumbersOutsideTheBankAreHarmless) {
 
 TEST(Programs, NamesAreBoundedAndLeaveTheProgramNumberBytesAlone) {
     AZephyra effect(nullptr);
-    std::string longName(99, 'n');
-    effect.setProgramName(longName.data());
+    effect.setProgramName(std::string(99, 'n').data());
     char name[32] = {};
     effect.getProgramName(name);
     EXPECT_EQ(std::string(name), std::string(23, 'n'));
     effect.setProgram(9);
-    const std::string bank = BankImage(effect);
-    EXPECT_EQ(storedProgramNumber(bank), 9);
+    EXPECT_EQ(storedProgramNumber(BankImage(effect)), 9);
     EXPECT_EQ(ProgramName(effect, 0), std::string(23, 'n'));
 }
 
@@ -168,10 +157,9 @@ TEST(ProgramState, ChangedRevertedAndCopied) {
 
     effect.CopyPgFrom(1);
     EXPECT_EQ(effect.getProgram(), 8);
-    EXPECT_EQ(effect.getParameter(kParamGain1), 0.1f);
-    EXPECT_EQ(effect.getParameter(kParamGain2), 0.5f);
-    EXPECT_EQ(ProgramName(effect, 8), "Source");
-    EXPECT_EQ(host.Count(audioMasterUpdateDisplay), 1u);
+    EXPECT_EQ(std::make_tuple(effect.getParameter(kParamGain1), effect.getParameter(kParamGain2),
+                              ProgramName(effect, 8), host.Count(audioMasterUpdateDisplay)),
+              std::make_tuple(0.1f, 0.5f, std::string("Source"), size_t{1}));
 
     effect.ProgramToInitial();
     EXPECT_FALSE(effect.IsProgramChanged());

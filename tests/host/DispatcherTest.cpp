@@ -94,14 +94,12 @@ TEST(Dispatcher, EditorRequestsUnpackTheirArgumentsOrAnswerZeroWithoutOne) {
         float opt;
         intptr_t result;
         const char* reaches;
-    } const requests[] = {
-        {17, 3, kHigh + 4, 0, 7, "mouse(3,4)"},
-        // Character from index, virtual key from value's low byte, modifiers from the
-        // low byte of opt truncated to an integer.
-        {59, 'a', 0x1234, 258.9f, 1, "onKeyDown(97,52,2)"},
-        {60, 'b', 0x0107, 5.0f, 1, "onKeyUp(98,7,5)"},
-        {61, 0, 2, 0, 1, "setKnobMode(2)"},
-    };
+    } const requests[] = {{17, 3, kHigh + 4, 0, 7, "mouse(3,4)"},
+                          // Character from index, virtual key from value's low byte, modifiers from
+                          // the low byte of opt truncated to an integer.
+                          {59, 'a', 0x1234, 258.9f, 1, "onKeyDown(97,52,2)"},
+                          {60, 'b', 0x0107, 5.0f, 1, "onKeyUp(98,7,5)"},
+                          {61, 0, 2, 0, 1, "setKnobMode(2)"}};
     ProbeEffect effect;
     for (const EditorRequest& request : requests) {
         EXPECT_EQ(

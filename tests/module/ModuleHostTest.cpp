@@ -1,15 +1,14 @@
-// The built module loaded the way a host does (the shared loader: dlopen, VSTPluginMain)
-// and from then on reached only through the record: identity, parameter texts, and audio
-// compared bit for bit with a plain evaluation of the formulas. What the effect answers
-// besides is checked on the effect itself (tests/effect, tests/host).
-#include "tools/PluginInstance.h"
+// The built module loaded as a host does (dlopen, VSTPluginMain) and reached only through the
+// record: identity, parameter texts, and audio bit for bit against the plain formulas.
+#include "effect/ZephyraParameters.h"
 #include "tests/support/RecordingHost.h"
 #include "tests/support/ReferenceEqualizer.h"
 #include "tests/support/TempFolder.h"
-#include "effect/ZephyraParameters.h"
+#include "tools/PluginInstance.h"
 
 #include <gtest/gtest.h>
 
+#include <tuple>
 #include <vector>
 
 namespace {
@@ -43,23 +42,18 @@ TEST_F(ModuleHost, AHostThatAnswersNoVersionGetsNoEffect) {
 
 TEST_F(ModuleHost, RecordAndStringsCarryTheIdentity) {
     const PluginInstance plugin(module, kRate, kBlock);
-    const AEffect& record = plugin.effect();
-    EXPECT_EQ(record.magic, 0x56737450);
-    EXPECT_EQ(record.uniqueID, 0x56654551);
-    EXPECT_EQ(record.version, 1);
-    EXPECT_EQ(record.numPrograms, 64);
-    EXPECT_EQ(record.numParams, 11);
-    EXPECT_EQ(record.numInputs, 2);
-    EXPECT_EQ(record.numOutputs, 2);
-    EXPECT_EQ(record.ioRatio, 1.0f);
-    // An editor, mono, replacing and chunks.
-    EXPECT_EQ(record.flags, 0x39);
-    EXPECT_EQ(Text(plugin, effGetEffectName), "Zephyra");
-    EXPECT_EQ(Text(plugin, effGetProductString), "Zephyra");
-    EXPECT_EQ(Text(plugin, effGetVendorString), "VELTRONA Co.,Ltd.");
-    EXPECT_EQ(plugin.dispatch(effGetVendorVersion), 1000);
-    EXPECT_EQ(plugin.dispatch(effGetPlugCategory), 1);
-    EXPECT_EQ(plugin.dispatch(effGetVstVersion), 2300);
+    const AEffect& r = plugin.effect();
+    // 0x39: an editor, mono, replacing and chunks.
+    EXPECT_EQ(std::make_tuple(r.magic, r.uniqueID, r.version, r.numPrograms, r.numParams,
+                              r.numInputs, r.numOutputs, r.ioRatio, r.flags),
+              std::make_tuple(0x56737450, 0x56654551, 1, 64, 11, 2, 2, 1.0f, 0x39));
+    EXPECT_EQ(std::make_tuple(Text(plugin, effGetEffectName), Text(plugin, effGetProductString),
+                              Text(plugin, effGetVendorString)),
+              std::make_tuple("Zephyra", "Zephyra", "VELTRONA Co.,Ltd."));
+    EXPECT_EQ(std::make_tuple(plugin.dispatch(effGetVendorVersion),
+                              plugin.dispatch(effGetPlugCategory),
+                              plugin.dispatch(effGetVstVersion)),
+              std::make_tuple(1000, 1, 2300));
 }
 
 TEST_F(ModuleHost, ParametersReadAsTheHostShowsThem) {
@@ -74,11 +68,12 @@ TEST_F(ModuleHost, ParametersReadAsTheHostShowsThem) {
                            {1.0f, "Gain2", "dB", "12.0"},  {1.0f, "Freq2", "Hz", "20000.0"},
                            {0.0f, "Q2", "", "0.3"}};
     for (int32_t index = 0; index < kNumParams; ++index) {
-        plugin.setParameter(index, table[index].value);
-        EXPECT_EQ(plugin.parameter(index), table[index].value);
-        EXPECT_EQ(Text(plugin, effGetParamName, index), table[index].name);
-        EXPECT_EQ(Text(plugin, effGetParamLabel, index), table[index].label);
-        EXPECT_EQ(Text(plugin, effGetParamDisplay, index), table[index].display);
+        const auto& row = table[index];
+        plugin.setParameter(index, row.value);
+        EXPECT_EQ(std::make_tuple(plugin.parameter(index), Text(plugin, effGetParamName, index),
+                                  Text(plugin, effGetParamLabel, index),
+                                  Text(plugin, effGetParamDisplay, index)),
+                  std::make_tuple(row.value, row.name, row.label, row.display));
     }
 }
 

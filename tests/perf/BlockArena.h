@@ -1,6 +1,5 @@
-// Stereo blocks in one stretch of memory, laid out as hosts do (apart, in place) and as
-// none should (crossed, shifted, shared). The path under test runs on one copy, the plain
-// model on another, and the whole arenas are compared, so a stray write shows too.
+// Stereo blocks in one stretch of memory, laid out as hosts do and as none should; the whole
+// arenas of the path under test and of the plain model are compared, so stray writes show.
 #pragma once
 
 #include "tests/support/ReferenceEqualizer.h"

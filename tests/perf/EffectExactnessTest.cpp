@@ -1,6 +1,5 @@
-// The effect's one-pass processReplacing against the plain staged block, bit for bit:
-// samples, meters, over-level flag and block counter, over random parameters, states,
-// splits and layouts.
+// The effect's one-pass processReplacing against the plain staged block, bit for bit (samples,
+// meters, over-level flag, block counter), over random parameters, states, splits and layouts.
 #include "effect/AZephyra.h"
 #include "tests/perf/BlockArena.h"
 #include "dsp/CMultiEqualizer.h"

@@ -25,8 +25,7 @@ const std::vector<ExpectedSize> kFixedSizes = {
     {5010, 29, 2 * 17, "copy button lit, two 29 x 17 frames"},
     {5011, 29, 2 * 17, "copy button dark"},
     {5012, 43, 16, "save button"},
-    {5013, 43, 2 * 16, "program lamp, stored and edited frames"},
-};
+    {5013, 43, 2 * 16, "program lamp, stored and edited frames"}};
 
 TEST(ArtworkGeometry, EveryControlBitmapHasTheSizeOfItsRectangle) {
     for (const ExpectedSize& expected : kFixedSizes) {
@@ -81,8 +80,7 @@ const std::vector<Placement> kPlacements = {
     {5004, 0, 110, 179, 14, 12}, {5002, 0, 18, 8, 29, 20},    {5003, 20, 18, 8, 29, 20},
     {5010, 0, 59, 11, 29, 17},   {5011, 17, 59, 11, 29, 17},  {5012, 0, 265, 11, 43, 16},
     {5013, 0, 211, 11, 43, 16},  {5013, 16, 211, 11, 43, 16}, {5007, 0, 48, 45, 16, 133},
-    {5007, 0, 403, 45, 16, 133},
-};
+    {5007, 0, 403, 45, 16, 133}};
 
 TEST(ArtworkGeometry, PastedControlsJoinTheBackgroundWithoutASeam) {
     const ArtworkImage background(5000);

@@ -1,6 +1,5 @@
 // What the pictures must show: knob pointer and arc, meter grading, lamp states, switch
 // travel and read-out wells that black digits stand out on.
-
 #include "tests/resources/ArtworkImage.h"
 
 #include <gtest/gtest.h>
@@ -52,22 +51,18 @@ bool ArcLitAt(const ArtworkImage& strip, int frame, double degreesFromDown) {
 TEST(KnobStrip, ValueArcGrowsClockwiseFromSevenOClock) {
     const ArtworkImage strip(5001);
     ASSERT_TRUE(strip.Loaded());
-    struct Case {
-        int frame;
-        bool leftLit, topLit, rightLit; // 9, 12 and 3 o'clock
-    };
-    const std::vector<Case> cases = {
-        {6, false, false, false}, // pointer at 60 degrees
-        {20, true, false, false}, // 130 degrees
-        {30, true, true, false},  // straight up
-        {54, true, true, true},   // 300 degrees
-        {60, true, true, true},   // the maximum
-    };
-    for (const Case& c : cases) {
-        SCOPED_TRACE("frame " + std::to_string(c.frame));
-        EXPECT_EQ(ArcLitAt(strip, c.frame, 80.0), c.leftLit);
-        EXPECT_EQ(ArcLitAt(strip, c.frame, 170.0), c.topLit);
-        EXPECT_EQ(ArcLitAt(strip, c.frame, 260.0), c.rightLit);
+    // The pointer at 60, 130, 180 and 300 degrees and at the maximum, against which of
+    // 9, 12 and 3 o'clock the arc covers.
+    const std::pair<int, std::vector<bool>> cases[] = {{6, {false, false, false}},
+                                                       {20, {true, false, false}},
+                                                       {30, {true, true, false}},
+                                                       {54, {true, true, true}},
+                                                       {60, {true, true, true}}};
+    for (const auto& [frame, lit] : cases) {
+        EXPECT_EQ((std::vector<bool>{ArcLitAt(strip, frame, 80.0), ArcLitAt(strip, frame, 170.0),
+                                     ArcLitAt(strip, frame, 260.0)}),
+                  lit)
+            << "frame " << frame;
     }
 }
 
@@ -85,17 +80,14 @@ TEST(Meter, LitColumnIsGradedRedAmberGreenDownToTheFloor) {
     const int half = meter.Width() / 2;
     const int middle = half + half / 2;
     // Rows are 3 per dB with 0 dB at row 19; each row is the top of the segment for one dB.
-    struct Case {
+    const struct {
         int row;
         Hue hue;
         const char* level;
-    };
-    const std::vector<Case> cases = {
-        {1, Hue::Red, "+6 dB"},      {16, Hue::Red, "+1 dB"},   {19, Hue::Amber, "0 dB"},
-        {34, Hue::Amber, "-5 dB"},   {37, Hue::Green, "-6 dB"}, {100, Hue::Green, "-27 dB"},
-        {130, Hue::Green, "-37 dB"},
-    };
-    for (const Case& c : cases) {
+    } cases[] = {{1, Hue::Red, "+6 dB"},     {16, Hue::Red, "+1 dB"},   {19, Hue::Amber, "0 dB"},
+                 {34, Hue::Amber, "-5 dB"},  {37, Hue::Green, "-6 dB"}, {100, Hue::Green, "-27 dB"},
+                 {130, Hue::Green, "-37 dB"}};
+    for (const auto& c : cases) {
         SCOPED_TRACE(c.level);
         const Pixel lit = meter.At(middle, c.row);
         EXPECT_EQ(HueOf(lit), c.hue);
@@ -117,9 +109,8 @@ TEST(ProgramLamp, EditedFrameIsPlainlyLit) {
     const ArtworkImage lamp(5013);
     ASSERT_TRUE(lamp.Loaded());
     const double stored = lamp.MeanLuma(0, 0, 43, 16);
-    const double edited = lamp.MeanLuma(0, 16, 43, 16);
     EXPECT_LT(stored, 0.2);
-    EXPECT_GT(edited, stored + 0.3);
+    EXPECT_GT(lamp.MeanLuma(0, 16, 43, 16), stored + 0.3);
 }
 
 // The switches' pressed frame shows the released face one pixel lower.
@@ -147,10 +138,9 @@ TEST(ReadoutWells, AreLightAndEmptySoBlackDigitsStandOut) {
     ASSERT_TRUE(background.Loaded());
     struct Well {
         int left, top, right, bottom;
-    };
-    const std::vector<Well> wells = {
-        {165, 91, 213, 107},  {236, 91, 284, 107},  {307, 91, 355, 107}, {165, 175, 213, 191},
-        {236, 175, 284, 191}, {307, 175, 355, 191}, {14, 184, 48, 200},  {404, 184, 438, 200}};
+    } const wells[] = {{165, 91, 213, 107},  {236, 91, 284, 107},  {307, 91, 355, 107},
+                       {165, 175, 213, 191}, {236, 175, 284, 191}, {307, 175, 355, 191},
+                       {14, 184, 48, 200},   {404, 184, 438, 200}};
     for (const Well& w : wells) {
         SCOPED_TRACE("well at " + std::to_string(w.left) + "," + std::to_string(w.top));
         EXPECT_GT(background.MeanLuma(w.left, w.top, w.right - w.left, w.bottom - w.top), 0.7);

@@ -8,10 +8,7 @@
 namespace {
 
 const std::vector<OptionDefinition> kDefinitions = {
-    {"set", "NAME=VALUE", ""},
-    {"block", "N", ""},
-    {"json", nullptr, ""},
-};
+    {"set", "NAME=VALUE", ""}, {"block", "N", ""}, {"json", nullptr, ""}};
 
 TEST(CommandLine, ReadsOptionsBetweenAndAfterArguments) {
     const CommandLine line(

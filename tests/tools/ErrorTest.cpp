@@ -71,8 +71,7 @@ const ErrorCase kCases[] = {
      "no setting of Gain displays '+30'", 1},
     {"WordNoStateDisplays", "render @stereo.wav @out.wav --set Mode=MIDDLE",
      "no setting of Mode displays 'MIDDLE'", 1},
-    {"NormalisedValueOutOfRange", "render @stereo.wav @out.wav --set Gain=1.5n", "outside 0..1",
-     1},
+    {"NormalisedValueOutOfRange", "render @stereo.wav @out.wav --set Gain=1.5n", "outside 0..1", 1},
     {"OutputFolderMissing", "render @stereo.wav @missing/out.wav", "cannot write", 1},
     {"OutputIsAFolder", "render @stereo.wav @sub", "it is a folder", 1},
     {"OutputExtensionNamesNoFormat", "render @stereo.wav @out.xyz", "cannot tell an audio format",
@@ -83,14 +82,12 @@ const ErrorCase kCases[] = {
     {"PlotWithUnknownParameter", "plot @out.png --set Volume=3", "unknown parameter", 1},
     {"BankForAnotherPlugin", "render @stereo.wav @out.wav --bank @foreign.fxb",
      "belongs to plug-in 'Othr', not to 'Fixt'", 1},
-    {"BankThatIsNoBank", "render @stereo.wav @out.wav --bank @notes.txt",
-     "is not a VST bank file", 1},
-    {"ProgramOutOfRange", "render @stereo.wav @out.wav --program 5", "program 5 does not exist",
+    {"BankThatIsNoBank", "render @stereo.wav @out.wav --bank @notes.txt", "is not a VST bank file",
      1},
+    {"ProgramOutOfRange", "render @stereo.wav @out.wav --program 5", "program 5 does not exist", 1},
     {"EditorOfAPluginWithout", "editor --screenshot @out.png", "Fixture has no editor", 1},
     {"UnknownOption", "render @stereo.wav @out.wav --volume 3", "unknown option --volume", 2},
-    {"UnknownCommand", "mix", "unknown command 'mix'", 2},
-};
+    {"UnknownCommand", "mix", "unknown command 'mix'", 2}};
 
 class CommandErrors : public testing::TestWithParam<ErrorCase> {};
 
@@ -142,8 +139,8 @@ TEST(CommandSuccess, ReplacesAnExistingOutputOnlyWhenDone) {
     for (int64_t frame = 0; frame < input.frames(); frame += 97) {
         EXPECT_NEAR(output.at(frame, 1), input.at(frame, 1) * gain, 1e-6);
     }
-    const std::vector<std::string> expected = {"foreign.fxb", "notes.txt",  "out.png",  "out.wav",
-                                               "stereo.wav",  "sub", "three.wav"};
+    const std::vector<std::string> expected = {"foreign.fxb", "notes.txt", "out.png",  "out.wav",
+                                               "stereo.wav",  "sub",       "three.wav"};
     EXPECT_EQ(entriesOf(scene.folder.Path()), expected);
 }
 

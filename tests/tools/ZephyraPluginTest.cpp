@@ -1,10 +1,10 @@
 // The tool against our own plug-in: what it renders must be exactly what the module gives
 // when driven directly, and what it plots must be the equaliser's analytic response.
 #include "dsp/CMultiEqualizer.h"
+#include "dsp/FilterResponse.h"
 #include "tests/support/BankBytes.h"
 #include "tests/support/TempFolder.h"
 #include "tests/tools/DirectPlugin.h"
-#include "dsp/FilterResponse.h"
 #include "tests/tools/InfoJson.h"
 #include "tests/tools/TestAudio.h"
 #include "tests/tools/ToolRunner.h"
@@ -28,8 +28,8 @@ ToolRun zephyra(std::vector<std::string> arguments) {
 void expectSameSamples(const TestAudio& actual, const TestAudio& expected) {
     ASSERT_EQ(actual.channels, expected.channels);
     ASSERT_EQ(actual.samples.size(), expected.samples.size());
-    const auto differ = std::mismatch(actual.samples.begin(), actual.samples.end(),
-                                      expected.samples.begin());
+    const auto differ =
+        std::mismatch(actual.samples.begin(), actual.samples.end(), expected.samples.begin());
     EXPECT_TRUE(differ.first == actual.samples.end())
         << "sample " << differ.first - actual.samples.begin();
 }
@@ -102,15 +102,14 @@ INSTANTIATE_TEST_SUITE_P(
 TEST(OurPlugin, DoublePrecisionRenderEqualsTheFloatOne) {
     TempFolder folder;
     writeAudio(folder / "in.wav", makeTestSignal(2, 48000, 30000));
-    const std::vector<std::string> common = {
-        "render", folder / "in.wav", "--program", "3", "--set", "Gain2=-9"};
+    const std::vector<std::string> common = {"render", folder / "in.wav", "--program",
+                                             "3",      "--set",           "Gain2=-9"};
     std::vector<std::string> floatRun = common;
     floatRun.push_back(folder / "float.wav");
     std::vector<std::string> doubleRun = common;
     doubleRun.insert(doubleRun.end(), {folder / "double.wav", "--double"});
     ASSERT_EQ(zephyra(floatRun).exitCode, 0);
-    const ToolRun run = zephyra(doubleRun);
-    ASSERT_EQ(run.exitCode, 0) << run.err;
+    ASSERT_EQ(zephyra(doubleRun).exitCode, 0);
     expectSameSamples(readAudio(folder / "double.wav"), readAudio(folder / "float.wav"));
 }
 
@@ -227,8 +226,9 @@ TEST_P(PlotOfOurPlugin, AgreesWithTheAnalyticResponse) {
     cairo_surface_t* picture =
         cairo_image_surface_create_from_png((folder / "response.png").c_str());
     EXPECT_EQ(cairo_surface_status(picture), CAIRO_STATUS_SUCCESS);
-    EXPECT_EQ(cairo_image_surface_get_width(picture), 900);
-    EXPECT_EQ(cairo_image_surface_get_height(picture), 500);
+    EXPECT_EQ(std::make_pair(cairo_image_surface_get_width(picture),
+                             cairo_image_surface_get_height(picture)),
+              std::make_pair(900, 500));
     cairo_surface_destroy(picture);
 }
 
@@ -277,16 +277,14 @@ TEST(OurPlugin, IsTheDefaultPluginAndRendersTheDemo) {
     TempFolder folder;
     const ToolRun info = runZephyra({"info", "--json"});
     ASSERT_EQ(info.exitCode, 0) << info.err;
-    EXPECT_EQ(jsonField(info.out, "name"), "Zephyra");
-    EXPECT_EQ(jsonField(info.out, "uniqueId"), "VeEQ");
+    EXPECT_EQ(jsonField(info.out, "name") + " " + jsonField(info.out, "uniqueId"), "Zephyra VeEQ");
 
-    const ToolRun demo = runZephyra(
-        {"render", "--demo", folder / "demo.flac", "--program", "1", "--rate", "44100"});
+    const ToolRun demo =
+        runZephyra({"render", "--demo", folder / "demo.flac", "--program", "1", "--rate", "44100"});
     ASSERT_EQ(demo.exitCode, 0) << demo.err;
     EXPECT_NE(demo.out.find("wrote " + (folder / "demo.flac")), std::string::npos);
     const TestAudio output = readAudio(folder / "demo.flac");
-    EXPECT_EQ(output.channels, 2);
-    EXPECT_EQ(output.sampleRate, 44100);
+    EXPECT_EQ(std::make_pair(output.channels, output.sampleRate), std::make_pair(2, 44100));
     EXPECT_GE(output.frames(), 7 * 44100);
     EXPECT_GT(rmsLevel(output, 0, 0, output.frames()), 0.01);
 }

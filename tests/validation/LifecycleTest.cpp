@@ -13,15 +13,13 @@ namespace {
 
 // What a host may send before and between blocks. Every order of the first six is tried;
 // the last changes nothing in this effect and only joins the repeated sequences.
-const HostRequest kSteps[] = {
-    {"open", effOpen, 0, 0.0f},
-    {"mains-on", effMainsChanged, 1, 0.0f},
-    {"mains-off", effMainsChanged, 0, 0.0f},
-    {"start-process", effStartProcess, 0, 0.0f},
-    {"sample-rate", effSetSampleRate, 0, 96000.0f},
-    {"block-size", effSetBlockSize, 256, 0.0f},
-    {"stop-process", effStopProcess, 0, 0.0f},
-};
+const HostRequest kSteps[] = {{"open", effOpen, 0, 0.0f},
+                              {"mains-on", effMainsChanged, 1, 0.0f},
+                              {"mains-off", effMainsChanged, 0, 0.0f},
+                              {"start-process", effStartProcess, 0, 0.0f},
+                              {"sample-rate", effSetSampleRate, 0, 96000.0f},
+                              {"block-size", effSetBlockSize, 256, 0.0f},
+                              {"stop-process", effStopProcess, 0, 0.0f}};
 constexpr int kOrderedSteps = 6;
 constexpr int kFrames = 64;
 

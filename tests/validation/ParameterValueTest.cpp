@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cfloat>
 #include <cmath>
 #include <functional>
 #include <limits>
@@ -24,29 +25,13 @@ const Entry kEntries[] = {
     {"PanelControl",
      [](HostedPlugin& p, int32_t i, float v) { p.Effect().setParameterFormUI(i, v); }},
     {"TypedValue",
-     [](HostedPlugin& p, int32_t i, float v) { p.Effect().setParameterFromDiaplay(i, v); }},
-};
+     [](HostedPlugin& p, int32_t i, float v) { p.Effect().setParameterFromDiaplay(i, v); }}};
 
-const float kHostileValues[] = {
-    Limits::quiet_NaN(),
-    -Limits::quiet_NaN(),
-    Limits::signaling_NaN(),
-    Limits::infinity(),
-    -Limits::infinity(),
-    Limits::max(),
-    -Limits::max(),
-    1e30f,
-    -1e30f,
-    2.0f,
-    std::nextafter(1.0f, 2.0f),
-    -1.0f,
-    -0.0f,
-    Limits::denorm_min(),
-    -Limits::denorm_min(),
-    Limits::min(),
-    16777217.0f,
-    -6.0e9f,
-};
+const float kSignalingNaN = Limits::signaling_NaN(), kAboveOne = std::nextafter(1.0f, 2.0f);
+const float kHostileValues[] = {NAN,       -NAN,        kSignalingNaN, INFINITY,     -INFINITY,
+                                FLT_MAX,   -FLT_MAX,    1e30f,         -1e30f,       2.0f,
+                                kAboveOne, -1.0f,       -0.0f,         FLT_TRUE_MIN, -FLT_TRUE_MIN,
+                                FLT_MIN,   16777217.0f, -6.0e9f};
 
 const int32_t kOutsideIndices[] = {
     -1, 11, 64, 1000, std::numeric_limits<int32_t>::min(), std::numeric_limits<int32_t>::max()};
@@ -105,19 +90,21 @@ TEST_P(EveryFloat, LeavesNoTraceOnceAnOrdinaryValueFollows) {
 TEST_P(EveryFloat, IndicesOutsideTheListChangeNothing) {
     HostedPlugin plugin;
     plugin.Start(44100.0f, 512);
-    std::vector<float> before;
-    for (int32_t index = 0; index < kNumParams; ++index) {
-        before.push_back(plugin.GetParameter(index));
-    }
+    const auto parameters = [&plugin] {
+        std::vector<float> values;
+        for (int32_t index = 0; index < kNumParams; ++index) {
+            values.push_back(plugin.GetParameter(index));
+        }
+        return values;
+    };
+    const std::vector<float> before = parameters();
     for (const int32_t index : kOutsideIndices) {
         for (const float value : kHostileValues) {
             GetParam().set(plugin, index, value);
             EXPECT_EQ(plugin.GetParameter(index), 0.0f) << "index " << index;
         }
     }
-    for (int32_t index = 0; index < kNumParams; ++index) {
-        EXPECT_EQ(plugin.GetParameter(index), before[index]) << "parameter " << index;
-    }
+    EXPECT_EQ(parameters(), before);
     Noise noise(3);
     EXPECT_EQ(EffectProblem(plugin, noise, 256, false), "");
 }

@@ -7,6 +7,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
 #include <limits>
 #include <mutex>
 #include <vector>
@@ -17,16 +18,8 @@ using Limits = std::numeric_limits<float>;
 
 constexpr int32_t kBlock = 512;
 
-const float kAutomationValues[] = {0.0f,
-                                   0.25f,
-                                   0.5f,
-                                   0.74f,
-                                   1.0f,
-                                   -1.0f,
-                                   2.0f,
-                                   Limits::quiet_NaN(),
-                                   Limits::infinity(),
-                                   -Limits::infinity()};
+const float kAutomationValues[] = {0.0f,  0.25f, 0.5f, 0.74f,    1.0f,
+                                   -1.0f, 2.0f,  NAN,  INFINITY, -INFINITY};
 
 // Block lengths a host may send, including none, a negative count and more than it
 // announced.

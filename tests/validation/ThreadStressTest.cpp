@@ -31,14 +31,11 @@ void runAudioThread(HostedPlugin& plugin, const std::atomic<bool>& stop, std::at
     inDouble.Fill(noise, 1.0f);
     for (long block = 0; !stop.load(); ++block) {
         const int32_t frames = noise.Below(kBlock + 1);
-        if (block % 2 == 0) {
-            plugin.Process(in.Channels(), out.Channels(), frames);
-            result.blocksNotFinite += out.AllFinite(frames) && out.GuardsIntact() ? 0 : 1;
-        } else {
-            plugin.Process(inDouble.Channels(), outDouble.Channels(), frames);
-            result.blocksNotFinite +=
-                outDouble.AllFinite(frames) && outDouble.GuardsIntact() ? 0 : 1;
-        }
+        const auto run = [&](auto& input, auto& output) {
+            plugin.Process(input.Channels(), output.Channels(), frames);
+            result.blocksNotFinite += output.AllFinite(frames) && output.GuardsIntact() ? 0 : 1;
+        };
+        block % 2 == 0 ? run(in, out) : run(inDouble, outDouble);
         ++result.processCalls;
         if (block % 3 == 0) {
             const int32_t index = noise.Below(kNumParams);
@@ -55,58 +52,43 @@ void userInterfaceRound(HostedPlugin& plugin, Noise& noise, long round,
     AZephyra& effect = plugin.Effect();
     const int32_t index = noise.Below(kNumParams);
     const float value = noise.Next() * 0.5f + 0.5f;
-    switch (round % 12) {
-    case 0:
+    const long kind = round % 12;
+    if (kind == 0) {
         effect.setParameterFormUI(index, value);
-        break;
-    case 1:
+    } else if (kind == 1) {
         effect.setParameterFromDiaplay(index, noise.Next() * 30.0f);
-        break;
-    case 2:
+    } else if (kind == 2) {
         plugin.Dispatch(effSetProgram, 0, noise.Below(kNumPrograms));
-        break;
-    case 3:
-    case 4: {
-        const bool preset = round % 12 == 4;
+    } else if (kind == 3 || kind == 4) {
+        const bool preset = kind == 4;
         void* data = nullptr;
         const auto size = static_cast<int32_t>(plugin.Dispatch(effGetChunk, preset, 0, &data));
         chunkCopy.assign(static_cast<const char*>(data), static_cast<const char*>(data) + size);
         plugin.Dispatch(effSetChunk, preset, size, chunkCopy.data());
-        break;
-    }
-    case 5: {
+    } else if (kind == 5) {
         char name[32] = "Stress";
         name[6] = static_cast<char>('A' + noise.Below(26));
         plugin.Dispatch(effSetProgramName, 0, 0, name);
         plugin.Dispatch(effGetProgramName, 0, 0, name);
         plugin.Dispatch(effGetProgramNameIndexed, noise.Below(kNumPrograms), 0, name);
-        break;
-    }
-    case 6:
+    } else if (kind == 6) {
         ASSERT_EQ(ParameterTextProblem(plugin), "");
-        break;
-    case 7: {
+    } else if (kind == 7) {
         float meters[4];
         effect.GetVU(&meters[0], &meters[1], &meters[2], &meters[3]);
         effect.GetClip();
         effect.GetProcessCounter();
-        break;
-    }
-    case 8:
+    } else if (kind == 8) {
         effect.IsProgramChanged();
         effect.CopyPgFrom(noise.Below(kNumPrograms));
-        break;
-    case 9:
+    } else if (kind == 9) {
         effect.ProgramToInitial();
-        break;
-    case 10:
+    } else if (kind == 10) {
         effect.ProgramToFactory();
         effect.getParameterDisplayVal(index);
-        break;
-    default:
+    } else {
         plugin.Dispatch(effGetProgram);
         effect.GetProgramNameBytes(noise.Below(kNumPrograms));
-        break;
     }
 }
 

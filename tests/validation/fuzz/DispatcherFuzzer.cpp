@@ -11,12 +11,7 @@
 namespace {
 
 // Operations beyond the dispatcher, in the opcode byte's unused range.
-enum HostOperation : int32_t {
-    kProcessSingle = 100,
-    kProcessDouble,
-    kSetParameter,
-    kGetParameter,
-};
+enum HostOperation : int32_t { kProcessSingle = 100, kProcessDouble, kSetParameter, kGetParameter };
 
 constexpr size_t kZeroedBytes = 4096;
 constexpr size_t kTextBytes = 64;

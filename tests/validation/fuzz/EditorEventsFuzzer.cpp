@@ -1,6 +1,5 @@
-// Any mouse and key events on the editor and its menus and dialogs, while the host
-// automates, plays, changes programs and closes and reopens the editor: afterwards every
-// parameter is displayable and the audio finite.
+// Any mouse and key events on the editor, its menus and dialogs, while the host automates, plays,
+// changes programs and reopens the editor: afterwards every parameter displays, the audio finite.
 #include "toolkit/driver/CHeadlessDriver.h"
 #include "editor/CUIWindow.h"
 #include "editor/CZephyraEditor.h"

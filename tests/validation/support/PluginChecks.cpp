@@ -20,11 +20,9 @@ struct TextRequest {
     bool mayBeEmpty;
 };
 
-const TextRequest kTextRequests[] = {
-    {effGetParamName, "name", false},
-    {effGetParamLabel, "label", true},
-    {effGetParamDisplay, "display text", false},
-};
+const TextRequest kTextRequests[] = {{effGetParamName, "name", false},
+                                     {effGetParamLabel, "label", true},
+                                     {effGetParamDisplay, "display text", false}};
 
 std::string textProblem(const char* buffer, const TextRequest& request, int index) {
     const std::string where = "parameter " + std::to_string(index) + " " + request.what + ": ";

@@ -1,7 +1,5 @@
-// Replacements for the C library's allocation functions, operator new and delete, and the
-// blocking entry points of the threads library. Each forwards to the real function and, on
-// a thread inside a RealtimeProbe scope, counts the call. Linked only into binaries built
-// without a sanitizer, whose runtimes replace the same functions.
+// The C library's allocation functions, operator new and delete and the blocking thread calls,
+// counted inside a RealtimeProbe scope. Not linked with sanitizers, which replace the same.
 #include "tests/validation/support/RealtimeProbe.h"
 
 #include <dlfcn.h>
@@ -37,8 +35,7 @@ void countRelease(void* pointer) {
 }
 
 void countLock(const pthread_mutex_t* mutex) {
-    if (t_watch.active && !t_watch.Locked(mutex) &&
-        t_watch.lockCount < RealtimeCounts::kMaxLocks) {
+    if (t_watch.active && !t_watch.Locked(mutex) && t_watch.lockCount < RealtimeCounts::kMaxLocks) {
         t_watch.locks[t_watch.lockCount++] = mutex;
     }
 }
@@ -90,7 +87,7 @@ const RealtimeCounts* RealtimeProbe::operator->() const {
 
 // Each blocking entry point of the threads library: the real function's slot, and a
 // replacement that counts the call and forwards it.
-#define ZEPHYRA_PROBE_BLOCKING(name, Param, count)                                                \
+#define ZEPHYRA_PROBE_BLOCKING(name, Param, count)                                                 \
     static int (*g_##name)(Param*);                                                                \
     extern "C" int name(Param* object) {                                                           \
         count;                                                                                     \
@@ -147,18 +144,14 @@ void* memalign(size_t alignment, size_t size) {
 }
 
 void* aligned_alloc(size_t alignment, size_t size) {
-    countAllocation(size);
-    return __libc_memalign(alignment, size);
+    return memalign(alignment, size);
 }
 
 int posix_memalign(void** result, size_t alignment, size_t size) {
     countAllocation(size);
     void* pointer = __libc_memalign(alignment, size);
-    if (!pointer) {
-        return ENOMEM;
-    }
-    *result = pointer;
-    return 0;
+    *result = pointer ? pointer : *result;
+    return pointer ? 0 : ENOMEM;
 }
 
 } // extern "C"
@@ -166,11 +159,19 @@ int posix_memalign(void** result, size_t alignment, size_t size) {
 // operator new and delete as well, so a standard library that does not build them on malloc
 // is still seen.
 #define ZEPHYRA_PROBE_NEW(parameters, ...)                                                         \
-    void* operator new parameters { return allocate(__VA_ARGS__); }                                \
-    void* operator new[] parameters { return allocate(__VA_ARGS__); }
+    void* operator new parameters {                                                                \
+        return allocate(__VA_ARGS__);                                                              \
+    }                                                                                              \
+    void* operator new[] parameters {                                                              \
+        return allocate(__VA_ARGS__);                                                              \
+    }
 #define ZEPHYRA_PROBE_DELETE(parameters)                                                           \
-    void operator delete parameters noexcept { release(pointer); }                                 \
-    void operator delete[] parameters noexcept { release(pointer); }
+    void operator delete parameters noexcept {                                                     \
+        release(pointer);                                                                          \
+    }                                                                                              \
+    void operator delete[] parameters noexcept {                                                   \
+        release(pointer);                                                                          \
+    }
 
 ZEPHYRA_PROBE_NEW((size_t size), size, 0, true)
 ZEPHYRA_PROBE_NEW((size_t size, const std::nothrow_t&) noexcept, size, 0, false)

@@ -1,8 +1,5 @@
-// Watches the calling thread for what the audio thread must never do: allocate or free
-// memory, or take a lock other than the few it is allowed. The binary that links
-// RealtimeProbe.cpp replaces the allocation functions and the blocking entry points of the
-// C library for the whole process; only a thread inside a RealtimeProbe scope is counted,
-// so the test framework's other threads do not disturb the figures.
+// Counts, on a thread inside a RealtimeProbe scope only, what the audio thread must never do:
+// allocate, free, or take a lock other than the few allowed (RealtimeProbe.cpp's replacements).
 #pragma once
 
 #include <pthread.h>

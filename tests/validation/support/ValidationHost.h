@@ -1,6 +1,5 @@
-// A small host for the validation suite: the effect made through the module's entry point
-// and driven through its record; the object behind the record serves what only the editor
-// calls. Every effect of the process sees private folders, never the user's.
+// A small host: the effect made through the module's entry point and driven through its record;
+// every effect of the process sees private folders, never the user's.
 #pragma once
 
 #include "effect/AZephyra.h"
