@@ -3,6 +3,7 @@
 #include "base/CSize.h"
 
 #include <gtest/gtest.h>
+#include <vector>
 
 TEST(CRect, SizeAndCornersFollowLeftTopRightBottom) {
     const CRect rect(10, 20, 40, 70);
@@ -16,11 +17,10 @@ TEST(CRect, SizeAndCornersFollowLeftTopRightBottom) {
 // The right and bottom edges lie outside, which the hit tests of the panel rely on.
 TEST(CRect, RightAndBottomEdgesAreOutside) {
     const CRect rect(0, 0, 10, 10);
-    EXPECT_TRUE(rect.PtInRect(CPoint(0, 0)));
-    EXPECT_TRUE(rect.PtInRect(CPoint(9, 9)));
-    EXPECT_FALSE(rect.PtInRect(CPoint(10, 5)));
-    EXPECT_FALSE(rect.PtInRect(CPoint(5, 10)));
-    EXPECT_FALSE(rect.PtInRect(CPoint(-1, 5)));
+    for (const CPoint point : {CPoint(0, 0), CPoint(9, 9)})
+        EXPECT_TRUE(rect.PtInRect(point)) << point.x << "," << point.y;
+    for (const CPoint point : {CPoint(10, 5), CPoint(5, 10), CPoint(-1, 5)})
+        EXPECT_FALSE(rect.PtInRect(point)) << point.x << "," << point.y;
 }
 
 TEST(CRect, EmptinessAndNullness) {
@@ -55,8 +55,8 @@ TEST(CRect, OffsetInflateIntersectionAndUnion) {
 }
 
 TEST(CPoint, LParamPackingSignExtendsBothHalves) {
-    for (const CPoint point : {CPoint(0, 0), CPoint(12, 34), CPoint(-1, 5), CPoint(7, -2),
-                               CPoint(-32768, 32767)})
+    for (const CPoint point :
+         {CPoint(0, 0), CPoint(12, 34), CPoint(-1, 5), CPoint(7, -2), CPoint(-32768, 32767)})
         EXPECT_EQ(CPoint::FromLParam(point.ToLParam()), point) << point.x << "," << point.y;
     EXPECT_EQ(CPoint::FromLParam(0xFFFF0001), CPoint(1, -1));
     EXPECT_EQ(CPoint(3, 4).ToLParam(), 0x00040003);
@@ -74,7 +74,6 @@ TEST(CPoint, ArithmeticWithSizes) {
 TEST(WinTypes, ColourKeepsRedInTheLowByte) {
     const COLORREF colour = RGB(0x12, 0x34, 0x56);
     EXPECT_EQ(colour, 0x563412u);
-    EXPECT_EQ(GetRValue(colour), 0x12);
-    EXPECT_EQ(GetGValue(colour), 0x34);
-    EXPECT_EQ(GetBValue(colour), 0x56);
+    EXPECT_EQ((std::vector<int>{GetRValue(colour), GetGValue(colour), GetBValue(colour)}),
+              (std::vector<int>{0x12, 0x34, 0x56}));
 }

@@ -1,6 +1,5 @@
-// What the X11 tests do at the desktop as a user would: xdotool runs, and waits for windows
-// to come and go. Every wait has a time limit, so that a window that never comes fails the
-// test instead of hanging it.
+// The X11 tests at the desktop as a user: xdotool runs and waits for windows to come and go,
+// each with a time limit, so that a window that never comes fails the test, not hangs it.
 #pragma once
 
 #include <chrono>

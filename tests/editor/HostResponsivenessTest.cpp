@@ -1,13 +1,10 @@
-// The editor under a host that idles it from its own user-interface thread at 30 Hz, as
-// desktop hosts do, while a user opens the copy menu and the save dialog with xdotool. A
-// menu or dialog must not hold the host inside the call that opened it: the host has to go
-// on redrawing and answering its window manager. The user's choices still take effect, and
-// the host may automate the effect while a menu or dialog is open.
+// A host idling the editor from its own UI thread at 30 Hz while a user works the copy menu and
+// the save dialog: neither may hold the host in the call that opened it.
+#include "editor/UIWindowLayout.h"
 #include "tests/editor/BankRecords.h"
 #include "tests/editor/DesktopDriver.h"
-#include "tests/support/TempFolder.h"
-#include "editor/UIWindowLayout.h"
 #include "tests/editor/UiThreadHost.h"
+#include "tests/support/TempFolder.h"
 
 #include <gtest/gtest.h>
 
@@ -24,7 +21,15 @@ using namespace std::chrono_literals;
 
 // Phases of the user's session; a host call counts in every phase it spans. The host must
 // answer in each from the menu's opening to the dialog's Cancel.
-enum Phase : int { kOpening, kMenuOpen, kChoiceMade, kDialogOpen, kDialogOk, kDialogCancel, kClosing };
+enum Phase : int {
+    kOpening,
+    kMenuOpen,
+    kChoiceMade,
+    kDialogOpen,
+    kDialogOk,
+    kDialogCancel,
+    kClosing
+};
 const char* const kPhaseNames[] = {"opening", "menu open", "choice made", "dialog open",
                                    "OK",      "Cancel",    "closing"};
 

@@ -1,13 +1,12 @@
-// The panel under the user's hands: drags and clicks on the controls, typed values over the
-// read-outs, the copy menu, the save dialog, the lamp and the meters, checked through the
-// effect's state and what the host is told.
-#include "toolkit/CComboBox.h"
+// The panel under the user's hands (drags, clicks, typed values, the copy menu, the save dialog,
+// the lamp), checked through the effect's state and what the host is told.
 #include "editor/CPresetSaveDlg.h"
-#include "tests/editor/EditorHost.h"
-#include "toolkit/platform/KeyCodes.h"
-#include "toolkit/PopupListWnd.h"
 #include "editor/UIWindowLayout.h"
+#include "tests/editor/EditorHost.h"
+#include "toolkit/CComboBox.h"
+#include "toolkit/PopupListWnd.h"
 #include "toolkit/WinControlIds.h"
+#include "toolkit/platform/KeyCodes.h"
 
 #include <functional>
 #include <gtest/gtest.h>
@@ -49,11 +48,15 @@ protected:
     }
 
     const EntryLayout& Entry(int parameter) {
-        for (const EntryLayout& entry : kEntryLayout) {
-            if (entry.parameter == parameter)
-                return entry;
-        }
-        return kEntryLayout[0];
+        return *std::find_if(
+            std::begin(kEntryLayout), std::end(kEntryLayout),
+            [&](const EntryLayout& entry) { return entry.parameter == parameter; });
+    }
+    static CString Text(const CWnd* window) {
+        CString text;
+        if (window)
+            window->GetWindowText(text);
+        return text;
     }
 
     // The copy menu, open after the click has returned.
@@ -97,7 +100,6 @@ TEST_F(PanelInteraction, AKnobDragSetsTheEffectAndTellsTheHostOnEveryMove) {
     driver.Move(&Panel(), CPoint(centre.x, knob.top));       // up: 0.5
     driver.Move(&Panel(), CPoint(knob.right - 1, centre.y)); // right
     driver.Release(&Panel(), CPoint(knob.right - 1, centre.y));
-
     const auto told = Automation();
     ASSERT_EQ(told.size(), 4u) << "the press, two moves and the release";
     EXPECT_EQ(told[0].first, kParamGain1);
@@ -128,10 +130,8 @@ TEST_F(PanelInteraction, TheTypeSwitchesOfABandAreRadioButtons) {
     char text[16] = {};
     effect.getParameterDisplay(kParamType1, text);
     EXPECT_STREQ(text, "PEAK");
-    EXPECT_FALSE(Panel().TypeSwitch(0).GetValue());
-    EXPECT_TRUE(Panel().TypeSwitch(1).GetValue());
-    EXPECT_FALSE(Panel().TypeSwitch(2).GetValue());
-    EXPECT_TRUE(Panel().TypeSwitch(3).GetValue()) << "the other band keeps its type";
+    for (int i = 0; i < 4; ++i)
+        EXPECT_EQ(Panel().TypeSwitch(i).GetValue(), i == 1 || i == 3) << "the other band keeps its";
 
     Click(kTypeSwitchLayout[1].rect);
     EXPECT_EQ(Automation().size(), 1u) << "the lit switch tells nothing new";
@@ -208,9 +208,7 @@ TEST_F(PanelInteraction, TheEntryOpensOverItsReadoutAndAClickElsewhereAbandonsIt
     const float before = effect.getParameter(kParamGain1);
     Click(kKnobLayout[1].readout);
     EXPECT_TRUE(Panel().EntryWindow().IsWindowVisible());
-    CString shown;
-    Panel().EntryWindow().GetEdit().GetWindowText(shown);
-    EXPECT_EQ(shown, "10010.0");
+    EXPECT_EQ(Text(&Panel().EntryWindow().GetEdit()), "10010.0");
     CRect place;
     Panel().EntryWindow().GetWindowRect(&place);
     EXPECT_EQ(place.TopLeft(), CPoint(kHostLeft + kKnobLayout[1].readout.left + 1, kHostTop + 91));
@@ -299,22 +297,22 @@ TEST_F(PanelInteraction, TheSaveDialogOffersTheChosenProgramsNameAndEscapeSavesN
         auto* list = dynamic_cast<CComboBox*>(dialog.GetDlgItem(CPresetSaveDlg::kProgramListId));
         ASSERT_NE(list, nullptr);
         EXPECT_EQ(list->GetCount(), 64);
-        CString entry;
-        list->GetLBText(0, entry);
-        EXPECT_EQ(entry, "1:Empty");
-        list->GetLBText(2, entry);
-        EXPECT_EQ(entry, "3:\xE3\x83\x86\xE3\x82\xB9\xE3\x83\x88") << "shown in UTF-8";
-        list->GetLBText(63, entry);
-        EXPECT_EQ(entry, "64:Empty");
+        std::vector<std::string> entries;
+        for (int index : {0, 2, 63}) {
+            CString entry;
+            list->GetLBText(index, entry);
+            entries.emplace_back(entry.GetString());
+        }
+        // The Shift-JIS name shown in UTF-8.
+        EXPECT_EQ(entries, (std::vector<std::string>{
+                               "1:Empty", "3:\xE3\x83\x86\xE3\x82\xB9\xE3\x83\x88", "64:Empty"}));
         EXPECT_EQ(list->GetCurSel(), 1);
-        CString offered;
-        dialog.GetDlgItemText(CPresetSaveDlg::kNameFieldId, offered);
-        EXPECT_EQ(offered, "Empty") << "the current program's name";
-        dialog.SetDlgItemText(CPresetSaveDlg::kNameFieldId, "typed");
+        CWnd* name = dialog.GetDlgItem(CPresetSaveDlg::kNameFieldId);
+        EXPECT_EQ(Text(name), "Empty") << "the current program's name";
+        name->SetWindowText("typed");
         for (int step = 0; step < 3; ++step)
             driver.Key(kKeyDown, 0);
-        dialog.GetDlgItemText(CPresetSaveDlg::kNameFieldId, offered);
-        EXPECT_EQ(offered, "Kick");
+        EXPECT_EQ(Text(name), "Kick");
         driver.Key(kKeyEscape, kCharEscape);
     });
     EXPECT_STREQ(effect.GetProgramNameBytes(1), "Empty");
@@ -353,9 +351,8 @@ TEST_F(PanelInteraction, ASaveThatCannotWriteTheBankFileSaysSoOverThePanel) {
     WithSaveDialog([](CPresetSaveDlg& dialog) { dialog.OnOK(); });
     CWnd* focus = CWnd::GetFocus();
     ASSERT_NE(focus, nullptr) << "a message box is up";
-    CString message;
-    focus->GetParent()->GetDlgItemText(0xFFFF, message);
-    EXPECT_EQ(message, "The default bank file could not be written.");
+    EXPECT_EQ(Text(focus->GetParent()->GetDlgItem(0xFFFF)),
+              "The default bank file could not be written.");
     EXPECT_EQ(focus->GetParent()->GetParent(), &Panel()) << "shown over the panel";
 }
 

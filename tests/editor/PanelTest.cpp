@@ -1,11 +1,11 @@
-// The editor opened in a host window: its size, its life cycle, and a panel that shows the
-// effect's values in its controls, read-outs and meters, and follows automation.
-#include "toolkit/CClientDC.h"
+// The editor opened in a host window: its size and life cycle, and a panel that shows the
+// effect's values in its controls, read-outs and meters and follows automation.
+#include "editor/UIWindowLayout.h"
 #include "tests/editor/EditorHost.h"
-#include "toolkit/FallbackIdleDriver.h"
 #include "tests/editor/FramePictures.h"
 #include "tests/toolkit/ToolkitThreads.h"
-#include "editor/UIWindowLayout.h"
+#include "toolkit/CClientDC.h"
+#include "toolkit/FallbackIdleDriver.h"
 #include "toolkit/platform/headless/HeadlessPlatform.h"
 
 #include <limits>
@@ -28,8 +28,8 @@ protected:
         std::vector<int> columns;
         for (int x = rect.left; x < rect.right; ++x) {
             for (int y = rect.top; y < rect.bottom; ++y) {
-                const std::uint32_t pixel = Pixel(x, y);
-                if (((pixel >> 16) & 0xFF) + ((pixel >> 8) & 0xFF) + (pixel & 0xFF) < 3 * 90) {
+                const std::uint32_t p = Pixel(x, y);
+                if (((p >> 16) & 0xFF) + ((p >> 8) & 0xFF) + (p & 0xFF) < 3 * 90) {
                     columns.push_back(x);
                     break;
                 }
@@ -53,11 +53,10 @@ TEST_F(EditorPanel, OpensAsAChildOfTheHostWindowAtTheSizeItGaveBeforehand) {
     Open();
     ASSERT_NE(Editor().GetUIWindow(), nullptr);
     EXPECT_TRUE(Editor().isOpen());
-    CRect client;
+    CRect client, onScreen;
     Panel().GetClientRect(&client);
-    EXPECT_EQ(client, CRect(0, 0, background.Width(), 210));
-    CRect onScreen;
     Panel().GetWindowRect(&onScreen);
+    EXPECT_EQ(client, CRect(0, 0, background.Width(), 210));
     EXPECT_EQ(onScreen.TopLeft(), CPoint(kHostLeft, kHostTop));
     const CRect bare(100, 0, 200, 45); // where no control sits
     EXPECT_EQ(Differences(bare, background, bare.left, bare.top), 0) << "the background";
@@ -85,11 +84,10 @@ TEST_F(EditorPanel, AFreshPanelShowsTheEffectsValuesNotTheControlsMiddle) {
     effect.setParameter(kParamOnOff, 0.0f);
     effect.setParameter(kParamType1, 0.5f);
     Open();
-    EXPECT_FLOAT_EQ(Panel().Knob(0).GetValue(), 0.8f);
-    EXPECT_FLOAT_EQ(Panel().Knob(1).GetValue(), effect.getParameter(kParamFreq1));
-    EXPECT_FLOAT_EQ(Panel().Knob(4).GetValue(), 0.2f);
-    EXPECT_FLOAT_EQ(Panel().Slider(0).GetValue(), 0.3f);
-    EXPECT_FLOAT_EQ(Panel().Slider(1).GetValue(), 0.9f);
+    EXPECT_EQ((std::vector<float>{Panel().Knob(0).GetValue(), Panel().Knob(1).GetValue(),
+                                  Panel().Knob(4).GetValue(), Panel().Slider(0).GetValue(),
+                                  Panel().Slider(1).GetValue()}),
+              (std::vector<float>{0.8f, effect.getParameter(kParamFreq1), 0.2f, 0.3f, 0.9f}));
     EXPECT_FALSE(Panel().OnOffSwitch().GetValue());
     EXPECT_EQ(KnobDifferences(0, 48), 0) << "0.8 of the way: frame 48";
     EXPECT_EQ(KnobDifferences(3, 30), 0) << "Gain2 at 0 dB: the middle frame";
@@ -195,13 +193,10 @@ TEST_F(EditorPanel, AReadoutWiderThanItsWellIsCutAtItsEdges) {
     image.SelectObject(&large);
     Panel().DrawGain1Disp(&image);
     const CRect well(kKnobLayout[0].readout);
-    int inside = 0;
-    int outside = 0;
+    int inside = 0, outside = 0;
     for (int y = 0; y < 200; ++y) {
-        for (int x = 0; x < 300; ++x) {
-            const bool ink = AlphaIn(image, x, y) != 0;
-            (well.PtInRect(CPoint(x, y)) ? inside : outside) += ink;
-        }
+        for (int x = 0; x < 300; ++x)
+            (well.PtInRect(CPoint(x, y)) ? inside : outside) += AlphaIn(image, x, y) != 0;
     }
     EXPECT_GT(inside, well.Width() * well.Height() / 8) << "the well is filled with text";
     EXPECT_EQ(outside, 0) << "nothing beyond it";
@@ -211,20 +206,18 @@ TEST_F(EditorPanel, AutomationMovesTheControlsWithoutTellingTheHostAgain) {
     Open();
     host.calls.clear();
     // From another thread, as a host's audio thread automates.
-    std::thread automation([this] {
+    std::thread([this] {
         effect.setParameter(kParamGain1, 0.9f);
         effect.setParameter(kParamType2, 0.5f);
         effect.setParameter(kParamOnOff, 0.0f);
         effect.setParameter(kParamOutput, 0.2f);
-    });
-    automation.join();
+    }).join();
     Idle();
-    EXPECT_FLOAT_EQ(Panel().Knob(0).GetValue(), 0.9f);
-    EXPECT_FALSE(Panel().TypeSwitch(3).GetValue());
-    EXPECT_TRUE(Panel().TypeSwitch(4).GetValue());
-    EXPECT_FALSE(Panel().TypeSwitch(5).GetValue());
+    EXPECT_EQ((std::vector<float>{Panel().Knob(0).GetValue(), Panel().Slider(1).GetValue()}),
+              (std::vector<float>{0.9f, 0.2f}));
+    for (int type = 3; type < 6; ++type)
+        EXPECT_EQ(Panel().TypeSwitch(type).GetValue(), type == 4) << type;
     EXPECT_FALSE(Panel().OnOffSwitch().GetValue());
-    EXPECT_FLOAT_EQ(Panel().Slider(1).GetValue(), 0.2f);
     EXPECT_EQ(host.Count(kAudioMasterAutomate), 0u) << "no echo";
     EXPECT_EQ(KnobDifferences(0, 54), 0);
     EXPECT_EQ(Differences(kTypeSwitchLayout[4].rect, Load(kBitmapTypeOn)), 0);
@@ -265,8 +258,8 @@ TEST_F(EditorPanel, OpeningAndClosingManyTimesOrDeletingTheEffectLeavesNothingBe
     {
         AZephyra other(RecordingHost::Callback, CZephyraEditor::Make);
         AEffect* record = other.getAeffect();
-        record->dispatcher(record, effEditOpen, 0, 0, hostWindow, 0.0f);
-        record->dispatcher(record, effEditIdle, 0, 0, nullptr, 0.0f);
+        for (int opcode : {effEditOpen, effEditIdle})
+            record->dispatcher(record, opcode, 0, 0, hostWindow, 0.0f);
         EXPECT_EQ(node->children.size(), 1u);
     }
     EXPECT_TRUE(node->children.empty()) << "deleting the effect closed its editor";

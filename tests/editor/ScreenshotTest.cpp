@@ -1,14 +1,13 @@
-// The editor in a real X window: the command-line host opens the module's editor under an
-// X server and takes a screenshot, which must show exactly what the panel paints headless
-// for the same plug-in state.
-#include "effect/AZephyra.h"
-#include "toolkit/driver/CHeadlessDriver.h"
+// The editor in a real X window, opened by the command-line host: its screenshot must show
+// exactly what the panel paints headless for the same plug-in state.
 #include "editor/CUIWindow.h"
 #include "editor/CZephyraEditor.h"
-#include "tests/toolkit/TestImages.h"
+#include "effect/AZephyra.h"
 #include "tests/support/RecordingHost.h"
 #include "tests/support/TempFolder.h"
+#include "tests/toolkit/TestImages.h"
 #include "tests/tools/ToolRunner.h"
+#include "toolkit/driver/CHeadlessDriver.h"
 
 #include <cairo.h>
 #include <cstdlib>

@@ -111,9 +111,10 @@ TEST_F(Slider, AHorizontalFillRunsFromTheLeftEdgeToTheThumb) {
     MakeFrames(lit, 100, 11, {0xF0A030});
     Make(Track::HorizontalAskedForACurve, &lit);
     slider.SetValue(0.5f, &image, false);
-    EXPECT_EQ(PixelIn(image, 10, 5), 0xF0A030u);
-    EXPECT_EQ(PixelIn(image, 50, 5), kThumbColour) << "the thumb is centred on its value";
-    EXPECT_EQ(PixelIn(image, 80, 5), kFillColour);
+    // The thumb is centred on its value.
+    EXPECT_EQ((std::vector<std::uint32_t>{PixelIn(image, 10, 5), PixelIn(image, 50, 5),
+                                          PixelIn(image, 80, 5)}),
+              (std::vector<std::uint32_t>{0xF0A030, kThumbColour, kFillColour}));
 }
 
 TEST_F(Slider, OnlyRealChangesAreReported) {

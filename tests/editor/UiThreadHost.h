@@ -1,8 +1,5 @@
-// A desktop host's user-interface thread, in small, as Qtractor and jalv run one: not the
-// process's main thread, it loads the module, opens the editor in a top-level X window of its
-// own and idles it every 33 ms. Every call into the plug-in is timed; the longest is kept for
-// each phase of the test that it spans. The test hands the thread further calls (automation,
-// read-backs), which it makes between two idle calls.
+// A desktop host's own user-interface thread (not the main one) that opens the editor in an X
+// window, idles it every 33 ms, makes calls handed to it and times each call per test phase.
 #pragma once
 
 #include "tools/PluginInstance.h"

@@ -1,6 +1,5 @@
-// The editor in a real X window, worked with the mouse and keyboard through xdotool: copy
-// a program from the menu, drag a knob, type a value, save through the dialog; then the
-// bank file that the save wrote shows all of it.
+// The editor in a real X window, worked through xdotool (copy a program, drag a knob, type a
+// value, save); the bank file the save wrote then shows all of it.
 #include "effect/ZephyraParameters.h"
 #include "tests/editor/BankRecords.h"
 #include "tests/editor/DesktopDriver.h"

@@ -1,12 +1,12 @@
+#include "tests/toolkit/HostFixture.h"
 #include "toolkit/CComboBox.h"
 #include "toolkit/CEdit.h"
 #include "toolkit/CSpinButtonCtrl.h"
-#include "tests/toolkit/HostFixture.h"
-#include "toolkit/platform/KeyCodes.h"
 #include "toolkit/PopupListWnd.h"
 #include "toolkit/ToolkitTheme.h"
 #include "toolkit/WinMessages.h"
 #include "toolkit/WinStyles.h"
+#include "toolkit/platform/KeyCodes.h"
 
 #include <gtest/gtest.h>
 
@@ -99,8 +99,7 @@ TEST_F(ControlsTest, CaretPositionIsClampedToTheText) {
     field.SetSel(8, 8);
     int start = -1, end = -1;
     field.GetSel(start, end);
-    EXPECT_EQ(start, 2);
-    EXPECT_EQ(end, 2);
+    EXPECT_EQ(std::make_pair(start, end), std::make_pair(2, 2));
     field.SetSel(-1, 0);
     field.GetSel(start, end);
     EXPECT_EQ(start, end);
@@ -163,24 +162,25 @@ TEST_F(SpinTest, SetPosWritesTheBuddyInDecimalWithinTheRange) {
 
 TEST_F(SpinTest, ArrowClicksStepAndStopAtTheEnds) {
     spin.SetPos(19);
-    driver.Click(&spin, CPoint(8, 4));
-    EXPECT_EQ(spin.GetPos(), 20);
-    driver.Click(&spin, CPoint(8, 4));
-    EXPECT_EQ(spin.GetPos(), 20);
+    for (int click = 0; click < 2; ++click) {
+        driver.Click(&spin, CPoint(8, 4));
+        EXPECT_EQ(spin.GetPos(), 20);
+    }
     driver.Click(&spin, CPoint(8, 20));
     EXPECT_EQ(Text(), "19");
 }
 
 TEST_F(SpinTest, WrapStyleGoesRound) {
     CSpinButtonCtrl wrapping;
-    ASSERT_TRUE(
-        wrapping.Create(WS_CHILD | WS_VISIBLE | UDS_WRAP, CRect(0, 40, 16, 64), &wnd, 1));
+    ASSERT_TRUE(wrapping.Create(WS_CHILD | WS_VISIBLE | UDS_WRAP, CRect(0, 40, 16, 64), &wnd, 1));
     wrapping.SetRange(0, 3);
     wrapping.SetPos(3);
-    wrapping.Step(1);
-    EXPECT_EQ(wrapping.GetPos(), 0);
-    wrapping.Step(-1);
-    EXPECT_EQ(wrapping.GetPos(), 3);
+    std::vector<int> positions;
+    for (int step : {1, -1}) {
+        wrapping.Step(step);
+        positions.push_back(wrapping.GetPos());
+    }
+    EXPECT_EQ(positions, (std::vector<int>{0, 3}));
 }
 
 TEST_F(SpinTest, BuddyArrowKeysStepTheSpin) {
@@ -227,8 +227,8 @@ protected:
 TEST_F(ComboTest, SelectionInCodeDoesNotNotify) {
     EXPECT_EQ(list.SetCurSel(0), CB_ERR) << "an empty list has nothing to select";
     EXPECT_EQ(list.GetCurSel(), -1);
-    list.AddString("1:Flat");
-    list.AddString("2:Warm");
+    for (const char* entry : {"1:Flat", "2:Warm"})
+        list.AddString(entry);
     EXPECT_EQ(list.GetCount(), 2);
     EXPECT_EQ(list.SetCurSel(1), 1);
     EXPECT_EQ(list.GetCurSel(), 1);
@@ -249,15 +249,14 @@ TEST_F(ComboTest, UserChoiceFromTheDropDownNotifiesSelectionChange) {
     driver.Click(&list, CPoint(30, 10));
     PopupListWnd* open = PopupListWnd::Active();
     ASSERT_NE(open, nullptr);
-    CRect listRect;
+    CRect listRect, comboRect;
     open->GetWindowRect(&listRect);
+    list.GetWindowRect(&comboRect);
     driver.Key(kKeyEnd, 0);
     const int firstVisible = open->GetFirstVisible();
     driver.Key(kKeyReturn, kCharReturn);
     EXPECT_TRUE(Notifications(kList).empty()) << "told once the list has closed";
     driver.Pump();
-    CRect comboRect;
-    list.GetWindowRect(&comboRect);
     EXPECT_GT(listRect.top, comboRect.bottom - 1) << "the list opens below";
     EXPECT_EQ(listRect.Width(), comboRect.Width());
     EXPECT_EQ(firstVisible, 64 - PopupListWnd::kMaxScrollingRows) << "the list scrolls";
@@ -267,9 +266,8 @@ TEST_F(ComboTest, UserChoiceFromTheDropDownNotifiesSelectionChange) {
 }
 
 TEST_F(ComboTest, KeysChangeTheSelectionAndNotify) {
-    list.AddString("a");
-    list.AddString("b");
-    list.AddString("c");
+    for (const char* entry : {"a", "b", "c"})
+        list.AddString(entry);
     list.SetFocus();
     for (int press = 0; press < 4; ++press)
         driver.Key(kKeyDown, kCharDown);

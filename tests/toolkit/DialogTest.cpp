@@ -1,17 +1,16 @@
+#include "tests/toolkit/HostFixture.h"
 #include "toolkit/AfxMessageBox.h"
 #include "toolkit/CButton.h"
 #include "toolkit/CComboBox.h"
 #include "toolkit/CDialog.h"
 #include "toolkit/CEdit.h"
 #include "toolkit/CMenu.h"
-#include "tests/toolkit/HostFixture.h"
-#include "toolkit/platform/KeyCodes.h"
 #include "toolkit/PopupListWnd.h"
 #include "toolkit/WinControlIds.h"
 #include "toolkit/WinMessages.h"
+#include "toolkit/platform/KeyCodes.h"
 
 #include <gtest/gtest.h>
-
 #include <memory>
 
 namespace {
@@ -21,16 +20,15 @@ constexpr int kList = 1120;
 constexpr int kName = 5000;
 
 DialogTemplate SaveLayout() {
-    DialogTemplate layout{"Save program", 320, 150, {}};
-    layout.items.push_back({DialogItemKind::Static, 0xFFFF, RECT{16, 16, 80, 40}, "Program", 0});
-    layout.items.push_back({DialogItemKind::ComboBox, kList, RECT{90, 14, 300, 40}, "", 0});
-    layout.items.push_back({DialogItemKind::Static, 0xFFFF, RECT{16, 56, 80, 80}, "Name", 0});
-    layout.items.push_back({DialogItemKind::Edit, kName, RECT{90, 54, 300, 80}, "initial", 0});
-    layout.items.push_back(
-        {DialogItemKind::Button, IDCANCEL, RECT{110, 106, 200, 134}, "Cancel", 0});
-    layout.items.push_back(
-        {DialogItemKind::DefaultButton, IDOK, RECT{210, 106, 300, 134}, "OK", 0});
-    return layout;
+    return {"Save program",
+            320,
+            150,
+            {{DialogItemKind::Static, 0xFFFF, RECT{16, 16, 80, 40}, "Program", 0},
+             {DialogItemKind::ComboBox, kList, RECT{90, 14, 300, 40}, "", 0},
+             {DialogItemKind::Static, 0xFFFF, RECT{16, 56, 80, 80}, "Name", 0},
+             {DialogItemKind::Edit, kName, RECT{90, 54, 300, 80}, "initial", 0},
+             {DialogItemKind::Button, IDCANCEL, RECT{110, 106, 200, 134}, "Cancel", 0},
+             {DialogItemKind::DefaultButton, IDOK, RECT{210, 106, 300, 134}, "OK", 0}}};
 }
 
 // A dialog shaped like the preset dialog: a bound list, a name field read on OK.
@@ -185,19 +183,17 @@ TEST_F(DialogTest, TabMovesBetweenControlsAndTypingGoesToTheField) {
     Start();
     const std::vector<CWnd*> expected = {&dialog.list, Item(kName),  Item(IDCANCEL),
                                          Item(IDOK),   &dialog.list, Item(IDOK)};
-    std::vector<CWnd*> focusSeen;
-    focusSeen.push_back(CWnd::GetFocus());
-    driver.Key(kKeyTab, kCharTab);
-    focusSeen.push_back(CWnd::GetFocus());
-    driver.Type("Warm");
-    for (int i = 0; i < 3; ++i) {
+    std::vector<CWnd*> focusSeen{CWnd::GetFocus()};
+    const auto tab = [&](unsigned modifiers) {
+        driver.SetModifiers(modifiers);
         driver.Key(kKeyTab, kCharTab);
+        driver.SetModifiers(0);
         focusSeen.push_back(CWnd::GetFocus());
-    }
-    driver.SetModifiers(kModifierShift);
-    driver.Key(kKeyTab, kCharTab);
-    driver.SetModifiers(0);
-    focusSeen.push_back(CWnd::GetFocus());
+    };
+    tab(0);
+    driver.Type("Warm");
+    for (unsigned modifiers : {0u, 0u, 0u, kModifierShift})
+        tab(modifiers);
     driver.Key(kKeyReturn, kCharReturn);
     EXPECT_EQ(Ended(), std::vector<int>{IDOK});
     EXPECT_EQ(focusSeen, expected);
@@ -216,10 +212,10 @@ TEST_F(DialogTest, DoModalActivatesTheDialogWithTraces) {
     Start();
     driver.Key(kKeyEscape, kCharEscape);
     Ended();
-    const std::string trace = testing::internal::GetCapturedStdout();
     char expected[64];
     std::snprintf(expected, sizeof expected, "PostMessage(%x,WM_ACTIVATE)\r\n",
                   static_cast<unsigned>(reinterpret_cast<std::uintptr_t>(&dialog)));
+    const std::string trace = testing::internal::GetCapturedStdout();
     EXPECT_EQ(trace.rfind(expected, 0), 0u) << trace;
 }
 
@@ -255,9 +251,8 @@ TEST_F(DialogTest, MessageBoxShowsTheTextReturnsAtOnceAndGoesWhenRead) {
     EXPECT_EQ(AfxMessageBox("The default bank file could not be written."), IDOK);
     CWnd* field = CWnd::GetFocus();
     ASSERT_NE(field, nullptr);
-    CWnd* box = field->GetParent();
     CString text;
-    box->GetDlgItemText(0xFFFF, text);
+    field->GetParent()->GetDlgItemText(0xFFFF, text);
     EXPECT_EQ(text, "The default bank file could not be written.");
     driver.Key(kKeyReturn, kCharReturn);
     driver.Pump();

@@ -1,7 +1,7 @@
+#include "tests/toolkit/TestImages.h"
 #include "toolkit/BitmapResources.h"
 #include "toolkit/CDC.h"
 #include "toolkit/FontCatalog.h"
-#include "tests/toolkit/TestImages.h"
 #include "toolkit/WinStyles.h"
 
 #include <gtest/gtest.h>
@@ -47,8 +47,8 @@ TEST_F(DrawingTest, FreshDcSelectionReturnsTheNothingSentinel) {
     CDC dc;
     CBitmap bitmap;
     CBitmap* previous = dc.SelectObject(&bitmap);
-    EXPECT_EQ(previous, CDC::NoBitmap());
     EXPECT_EQ(reinterpret_cast<std::uintptr_t>(previous), 1u);
+    EXPECT_EQ(previous, CDC::NoBitmap());
     EXPECT_EQ(dc.SelectObject(previous), &bitmap);
     EXPECT_EQ(dc.GetSelectedBitmap(), nullptr);
     EXPECT_EQ(dc.SelectObject(static_cast<CBitmap*>(nullptr)), CDC::NoBitmap());
@@ -56,18 +56,15 @@ TEST_F(DrawingTest, FreshDcSelectionReturnsTheNothingSentinel) {
 
 TEST_F(DrawingTest, WholeImageBlitCopiesEveryBand) {
     EXPECT_TRUE(canvas.BitBlt(0, 0, 30, 120, &carrier, 0, 0, SRCCOPY));
-    EXPECT_EQ(At(5, 5), kRed);
-    EXPECT_EQ(At(5, 60), kGreen);
-    EXPECT_EQ(At(29, 119), kBlue);
+    EXPECT_EQ((std::vector<std::uint32_t>{At(5, 5), At(5, 60), At(29, 119)}),
+              (std::vector<std::uint32_t>{kRed, kGreen, kBlue}));
     EXPECT_EQ(AlphaAt(40, 5), 0) << "outside the blit stays transparent";
 }
 
 TEST_F(DrawingTest, PartialBlitDrawsOnlyTheChosenFrame) {
     canvas.BitBlt(10, 0, 30, 40, &carrier, 0, 40, SRCCOPY);
-    EXPECT_EQ(At(10, 0), kGreen);
-    EXPECT_EQ(At(39, 39), kGreen);
-    EXPECT_EQ(AlphaAt(10, 40), 0);
-    EXPECT_EQ(AlphaAt(9, 0), 0);
+    EXPECT_EQ(std::make_pair(At(10, 0), At(39, 39)), std::make_pair(kGreen, kGreen));
+    EXPECT_EQ(AlphaAt(10, 40) + AlphaAt(9, 0), 0) << "nothing beyond the frame";
 }
 
 TEST_F(DrawingTest, OriginOffsetsDestinationAndSource) {
@@ -102,15 +99,13 @@ TEST_F(DrawingTest, OffScreenCompositionServesAsASource) {
     composed.BitBlt(0, 0, 30, 40, &carrier, 0, 80, SRCCOPY);
     composed.FillSolidRect(CRect(0, 0, 10, 10), RGB(255, 255, 0));
     canvas.BitBlt(20, 20, 30, 40, &composed, 0, 0, SRCCOPY);
-    EXPECT_EQ(At(25, 25), 0xFFFF00u);
-    EXPECT_EQ(At(45, 55), kBlue);
+    EXPECT_EQ(std::make_pair(At(25, 25), At(45, 55)), std::make_pair(0xFFFF00u, kBlue));
 }
 
 TEST_F(DrawingTest, BlitFromItselfUsesASnapshot) {
     canvas.BitBlt(0, 0, 30, 120, &carrier, 0, 0, SRCCOPY);
     canvas.BitBlt(0, 20, 30, 40, &canvas, 0, 0, SRCCOPY);
-    EXPECT_EQ(At(5, 55), kRed);
-    EXPECT_EQ(At(5, 65), kGreen);
+    EXPECT_EQ(std::make_pair(At(5, 55), At(5, 65)), std::make_pair(kRed, kGreen));
 }
 
 TEST_F(DrawingTest, StretchBltScalesThePart) {
@@ -180,8 +175,7 @@ TEST_F(TextTest, TextColourAndOpaqueBackground) {
 }
 
 TEST_F(TextTest, ExtentsGrowWithTheTextAndTheFontAndDeselectingRestoresThem) {
-    const CSize one = dc.GetTextExtent(CString("W"));
-    const CSize two = dc.GetTextExtent(CString("WW"));
+    const CSize one = dc.GetTextExtent(CString("W")), two = dc.GetTextExtent(CString("WW"));
     EXPECT_GT(one.cx, 0);
     EXPECT_NEAR(two.cx, 2 * one.cx, 1);
     EXPECT_EQ(two.cy, one.cy);
@@ -205,8 +199,8 @@ TEST(CFont, PointFontMetricsComeFromTheFace) {
     EXPECT_EQ(font.GetLineHeight(),
               static_cast<int>(face.boundingBoxHeight / face.unitsPerEm * 12));
     EXPECT_GT(font.GetLineHeight(), font.GetAscent());
-    EXPECT_EQ(font.GetFaceName(), "Osaka");
-    EXPECT_EQ(font.GetPointSize(), 12);
+    EXPECT_EQ(std::make_pair(font.GetFaceName(), font.GetPointSize()),
+              std::make_pair(CString("Osaka"), 12));
 }
 
 TEST(CFont, MissingFaceReportsAndLeavesNoHandle) {

@@ -53,11 +53,11 @@ public:
 
 private:
     static DialogTemplate Layout() {
-        DialogTemplate layout{"Name", 220, 90, {}};
-        layout.items.push_back({DialogItemKind::Edit, 5000, RECT{12, 12, 208, 38}, "", 0});
-        layout.items.push_back(
-            {DialogItemKind::DefaultButton, IDOK, RECT{118, 52, 208, 80}, "OK", 0});
-        return layout;
+        return {"Name",
+                220,
+                90,
+                {{DialogItemKind::Edit, 5000, RECT{12, 12, 208, 38}, "", 0},
+                 {DialogItemKind::DefaultButton, IDOK, RECT{118, 52, 208, 80}, "OK", 0}}};
     }
 };
 
@@ -76,9 +76,7 @@ void PlayScenario(CFrameWnd& frame, ScenarioBackend& backend) {
 
     backend.Click(&wnd, 100, 70);
     ASSERT_TRUE(backend.RunUntil([&] { return !wnd.Only(WM_LBUTTONUP).empty(); }));
-    const auto downs = wnd.Only(WM_LBUTTONDOWN);
-    ASSERT_EQ(downs.size(), 1u);
-    EXPECT_EQ(CPoint::FromLParam(downs[0].lParam), CPoint(100, 70));
+    EXPECT_EQ(wnd.Points(WM_LBUTTONDOWN), std::vector<CPoint>{CPoint(100, 70)});
     EXPECT_EQ(CWnd::GetFocus(), &wnd);
 
     backend.Type("12.5");
@@ -89,11 +87,9 @@ void PlayScenario(CFrameWnd& frame, ScenarioBackend& backend) {
         const auto keys = wnd.Only(WM_KEYDOWN);
         return !keys.empty() && keys.back().wParam == 36;
     }));
-    const auto keys = wnd.Only(WM_KEYDOWN);
-    ASSERT_EQ(keys.size(), 5u);
-    EXPECT_EQ(keys[0].wParam, 18u) << "the key code of 1";
-    EXPECT_EQ(keys[2].wParam, 47u) << "the key code of the full stop";
-    EXPECT_EQ(wnd.Only(WM_CHAR).back().wParam, 13u);
+    // The key codes of 1, 2, the full stop, 5 and Return.
+    EXPECT_EQ(wnd.WParams(WM_KEYDOWN), (std::vector<WPARAM>{18, 19, 47, 23, 36}));
+    EXPECT_EQ(wnd.WParams(WM_CHAR).back(), 13u);
 
     backend.DoubleClick(&wnd, 40, 40);
     ASSERT_TRUE(backend.RunUntil([&] { return wnd.Only(WM_LBUTTONUP).size() >= 3; }));

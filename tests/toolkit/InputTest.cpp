@@ -24,12 +24,8 @@ TEST_F(InputTest, ClickArrivesAsDownAndUpInClientCoordinates) {
     EXPECT_EQ(MouseMessages(), (std::vector<UINT>{WM_LBUTTONDOWN, WM_LBUTTONUP}));
     driver.Click(&wnd, CPoint(0, 0));
     driver.Click(&wnd, CPoint(299, 199));
-    const auto downs = wnd.Only(WM_LBUTTONDOWN);
-    ASSERT_EQ(downs.size(), 3u);
-    EXPECT_EQ(downs[0].wParam, 0u);
-    EXPECT_EQ(CPoint::FromLParam(downs[0].lParam), CPoint(7, 9));
-    EXPECT_EQ(CPoint::FromLParam(downs[1].lParam), CPoint(0, 0));
-    EXPECT_EQ(CPoint::FromLParam(downs[2].lParam), CPoint(299, 199));
+    EXPECT_EQ(wnd.Points(WM_LBUTTONDOWN), (std::vector<CPoint>{{7, 9}, {0, 0}, {299, 199}}));
+    EXPECT_EQ(wnd.WParams(WM_LBUTTONDOWN), (std::vector<WPARAM>{0, 0, 0}));
 }
 
 TEST_F(InputTest, SecondClickOfADoubleClickReplacesTheDown) {
@@ -51,18 +47,15 @@ TEST_F(InputTest, DragKeepsReportingToThePressedWindowOutsideIt) {
     driver.Press(&wnd, CPoint(10, 10));
     driver.Move(&wnd, CPoint(-15, 250));
     driver.Release(&wnd, CPoint(-15, 250));
-    const auto moves = wnd.Only(WM_MOUSEMOVE);
-    ASSERT_EQ(moves.size(), 1u);
-    EXPECT_EQ(CPoint::FromLParam(moves[0].lParam), CPoint(-15, 250));
-    ASSERT_EQ(wnd.Only(WM_LBUTTONUP).size(), 1u);
+    EXPECT_EQ(wnd.Points(WM_MOUSEMOVE), std::vector<CPoint>{CPoint(-15, 250)});
+    EXPECT_EQ(wnd.Only(WM_LBUTTONUP).size(), 1u);
 }
 
 TEST_F(InputTest, MouseMoveAsksForTheCursor) {
     driver.Move(&wnd, CPoint(5, 5));
-    const auto cursor = wnd.Only(WM_SETCURSOR);
-    ASSERT_EQ(cursor.size(), 1u);
-    EXPECT_EQ(cursor[0].wParam, reinterpret_cast<WPARAM>(wnd.GetSafeHwnd()));
-    EXPECT_EQ(cursor[0].lParam, 1);
+    EXPECT_EQ(wnd.WParams(WM_SETCURSOR),
+              std::vector<WPARAM>{reinterpret_cast<WPARAM>(wnd.GetSafeHwnd())});
+    EXPECT_EQ(wnd.Points(WM_SETCURSOR), std::vector<CPoint>{CPoint(1, 0)}) << "a hit code of 1";
 }
 
 TEST_F(InputTest, DisabledWindowGetsNoInput) {
@@ -101,10 +94,14 @@ TEST_F(InputTest, KeyStateMapsVirtualKeysOntoModifierBits) {
         unsigned modifiers;
         DWORD expected;
     } cases[] = {
-        {16, kModifierShift, 0xFFFF8000u},   {16, kModifierControl, 0},
-        {17, kModifierControl, 0xFFFF8000u}, {18, kModifierCommand, 0xFFFF8000u},
-        {18, kModifierOption, 0},            {19, kModifierOption, 0xFFFF8000u},
-        {19, kModifierCommand, 0},           {20, 0xFFFFu, 0},
+        {16, kModifierShift, 0xFFFF8000u},
+        {16, kModifierControl, 0},
+        {17, kModifierControl, 0xFFFF8000u},
+        {18, kModifierCommand, 0xFFFF8000u},
+        {18, kModifierOption, 0},
+        {19, kModifierOption, 0xFFFF8000u},
+        {19, kModifierCommand, 0},
+        {20, 0xFFFFu, 0},
         {65, 0xFFFFu, 0},
     };
     for (const auto& c : cases) {
@@ -134,8 +131,7 @@ TEST_F(InputTest, KeysPassPreTranslateUpTheParentsThenArriveAsKeyDownAndChar) {
     driver.Key(kKeyReturn, kCharReturn);
     EXPECT_TRUE(wnd.Only(WM_KEYDOWN).empty()) << "the window leaves the keyboard to the host";
 
-    FilteringWnd parent;
-    FilteringWnd field;
+    FilteringWnd parent, field;
     ASSERT_TRUE(parent.CreateChild(&wnd, CRect(0, 0, 50, 50)));
     ASSERT_TRUE(field.CreateChild(&parent, CRect(0, 0, 20, 20)));
     field.SetFocus();
@@ -148,20 +144,13 @@ TEST_F(InputTest, KeysPassPreTranslateUpTheParentsThenArriveAsKeyDownAndChar) {
     EXPECT_EQ(field.seen[0].hwnd, field.GetSafeHwnd());
     ASSERT_EQ(parent.seen.size(), 2u) << "the field itself swallowed Escape";
     EXPECT_EQ(parent.seen[1].hwnd, field.GetSafeHwnd());
-    const auto downs = field.Only(WM_KEYDOWN);
-    ASSERT_EQ(downs.size(), 2u);
-    EXPECT_EQ(downs[0].wParam, kKeyReturn);
-    EXPECT_EQ(downs[1].wParam, kKeyLeft);
-    const auto chars = field.Only(WM_CHAR);
-    ASSERT_EQ(chars.size(), 2u);
-    EXPECT_EQ(chars[0].wParam, kCharReturn);
-    EXPECT_EQ(chars[1].wParam, kCharLeft);
+    EXPECT_EQ(field.WParams(WM_KEYDOWN), (std::vector<WPARAM>{kKeyReturn, kKeyLeft}));
+    EXPECT_EQ(field.WParams(WM_CHAR), (std::vector<WPARAM>{kCharReturn, kCharLeft}));
     EXPECT_TRUE(parent.Only(WM_KEYDOWN).empty());
 
     parent.SetFocus();
-    const auto kills = field.Only(WM_KILLFOCUS);
-    ASSERT_EQ(kills.size(), 1u);
-    EXPECT_EQ(kills[0].wParam, reinterpret_cast<WPARAM>(parent.GetSafeHwnd()));
+    EXPECT_EQ(field.WParams(WM_KILLFOCUS),
+              std::vector<WPARAM>{reinterpret_cast<WPARAM>(parent.GetSafeHwnd())});
     EXPECT_EQ(CWnd::GetFocus(), &parent);
     driver.Platform().FocusElsewhere();
     EXPECT_EQ(parent.Only(WM_KILLFOCUS).size(), 1u);

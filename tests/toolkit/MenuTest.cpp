@@ -1,8 +1,8 @@
-#include "toolkit/CMenu.h"
 #include "tests/toolkit/HostFixture.h"
-#include "toolkit/platform/KeyCodes.h"
+#include "toolkit/CMenu.h"
 #include "toolkit/PopupListWnd.h"
 #include "toolkit/WinMessages.h"
+#include "toolkit/platform/KeyCodes.h"
 
 #include <gtest/gtest.h>
 
@@ -69,9 +69,8 @@ protected:
 TEST_F(MenuTest, TrackReturnsWithTheMenuOpenAndTheChoiceArrivesBeforeTheEnd) {
     PopupListWnd* list = Track(menu, 30, 40);
     ASSERT_NE(list, nullptr) << "open after the call has returned";
-    CRect placed;
+    CRect placed, ownerRect;
     list->GetWindowRect(&placed);
-    CRect ownerRect;
     owner.GetWindowRect(&ownerRect);
     EXPECT_EQ(placed.TopLeft(), ownerRect.TopLeft() + CSize(30, 40))
         << "at the point in the owner's client coordinates";
@@ -122,10 +121,8 @@ TEST_F(MenuTest, DestroyingTheOwnerTakesTheOpenMenuAlongUntold) {
 
 TEST_F(MenuTest, KeyboardMovesAndChooses) {
     Track(menu);
-    driver.Key(kKeyDown, kCharDown);
-    driver.Key(kKeyDown, kCharDown);
-    driver.Key(kKeyUp, kCharUp);
-    driver.Key(kKeyDown, kCharDown);
+    for (unsigned key : {kKeyDown, kKeyDown, kKeyUp, kKeyDown})
+        driver.Key(key, key == kKeyUp ? kCharUp : kCharDown);
     driver.Key(kKeyReturn, kCharReturn);
     driver.Pump();
     EXPECT_EQ(owner.commands, std::vector<UINT>{kFirstProgram + 1});
@@ -183,10 +180,9 @@ TEST_F(MenuTest, HighlightFollowsThePointerAndIsDrawn) {
     driver.Move(list, list->ItemRect(1).CenterPoint());
     EXPECT_EQ(list->GetHighlighted(), 1);
     driver.Pump();
-    const CRect hot = list->ItemRect(1);
-    const CRect cold = list->ItemRect(3);
-    EXPECT_NE(driver.PixelAt(list, hot.right - 8, hot.top + hot.Height() / 2),
-              driver.PixelAt(list, cold.right - 8, cold.top + cold.Height() / 2));
+    const CRect hot = list->ItemRect(1), cold = list->ItemRect(3);
+    EXPECT_NE(driver.PixelAt(list, hot.right - 8, hot.CenterPoint().y),
+              driver.PixelAt(list, cold.right - 8, cold.CenterPoint().y));
 }
 
 TEST(CMenuItems, EnableReportsThePreviousState) {

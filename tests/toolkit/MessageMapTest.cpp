@@ -88,9 +88,9 @@ ON_WM_KEYDOWN()
 ON_WM_MOUSEMOVE()
 ON_WM_KILLFOCUS()
 END_MESSAGE_MAP()
-// clang-format on
+    // clang-format on
 
-class MaplessWnd : public DerivedWnd {};
+    class MaplessWnd : public DerivedWnd {};
 
 class MessageMapTest : public ::testing::Test {
 protected:
@@ -117,8 +117,8 @@ TEST_F(MessageMapTest, UnhandledMessageFallsToDefaultAndTheCacheRemembersTheMiss
     DerivedWnd wnd;
     EXPECT_EQ(wnd.SendMessage(WM_TIMER, 0, 0), -1);
     const AFX_MSG_CACHE& slot = MessageCache::SlotFor(wnd.GetMessageMap(), WM_TIMER);
-    EXPECT_EQ(slot.nMsg, WM_TIMER);
-    EXPECT_EQ(slot.pMessageMap, wnd.GetMessageMap());
+    EXPECT_EQ(std::make_pair(slot.nMsg, slot.pMessageMap),
+              std::make_pair(WM_TIMER, wnd.GetMessageMap()));
     EXPECT_EQ(slot.lpEntry, nullptr);
     EXPECT_EQ(wnd.SendMessage(WM_TIMER, 0, 0), -1);
     EXPECT_TRUE(wnd.calls.empty());
@@ -153,14 +153,10 @@ TEST_F(MessageMapTest, CommandsMatchIdRangeAndNotificationCode) {
                                                    "play", "list changed"}));
 }
 
-TEST_F(MessageMapTest, RegisteredMessageIsFoundByItsNumber) {
+TEST_F(MessageMapTest, SignaturesUnpackTheParametersAndRegisteredMessagesMatchTheirNumber) {
     DerivedWnd wnd;
     EXPECT_EQ(wnd.SendMessage(kRegistered, 17, 0), 17);
     EXPECT_EQ(wnd.SendMessage(kRegistered + 1, 17, 0), -1);
-}
-
-TEST_F(MessageMapTest, SignaturesUnpackTheParameters) {
-    DerivedWnd wnd;
     wnd.SendMessage(WM_SIZE, 2, MAKELPARAM(450, 210));
     wnd.SendMessage(WM_MOVE, 0, MAKELPARAM(-3, 7));
     wnd.SendMessage(WM_KEYDOWN, 36, MAKELPARAM(1, 0x1C));
@@ -168,7 +164,7 @@ TEST_F(MessageMapTest, SignaturesUnpackTheParameters) {
     wnd.SendMessage(WM_MOUSEMOVE, 0, MAKELPARAM(40000, 12));
     wnd.SendMessage(WM_KILLFOCUS, 0, 0);
     EXPECT_EQ(wnd.calls,
-              (std::vector<std::string>{"size 2 450x210", "move -3,7", "key 36 1 28",
+              (std::vector<std::string>{"registered", "size 2 450x210", "move -3,7", "key 36 1 28",
                                         "mouse 4 -5,-1", "mouse 0 -25536,12", "focus lost"}));
 }
 

@@ -10,12 +10,7 @@ constexpr UINT kPing = WM_USER + 1;
 
 class PostMessageTest : public WindowFixture<RecordingWnd, true> {
 protected:
-    std::vector<WPARAM> PingsReceived() const {
-        std::vector<WPARAM> values;
-        for (const ReceivedMessage& m : wnd.Only(kPing))
-            values.push_back(m.wParam);
-        return values;
-    }
+    std::vector<WPARAM> PingsReceived() const { return wnd.WParams(kPing); }
 };
 
 TEST_F(PostMessageTest, PostsArriveInOrderAtThePumpNotBefore) {

@@ -31,6 +31,20 @@ std::vector<ReceivedMessage> RecordingWnd::Only(UINT message) const {
     return matching;
 }
 
+std::vector<WPARAM> RecordingWnd::WParams(UINT message) const {
+    std::vector<WPARAM> values;
+    for (const ReceivedMessage& m : Only(message))
+        values.push_back(m.wParam);
+    return values;
+}
+
+std::vector<CPoint> RecordingWnd::Points(UINT message) const {
+    std::vector<CPoint> points;
+    for (const ReceivedMessage& m : Only(message))
+        points.push_back(CPoint::FromLParam(m.lParam));
+    return points;
+}
+
 bool RecordingWnd::CreateChild(CWnd* parent, const CRect& rect, UINT id) {
     return Create(nullptr, "recording", WS_CHILD | WS_VISIBLE, rect, parent, id);
 }

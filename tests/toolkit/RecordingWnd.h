@@ -25,6 +25,9 @@ public:
     LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override;
     std::vector<UINT> Messages() const;
     std::vector<ReceivedMessage> Only(UINT message) const;
+    // Of each message of the number received: its wParam; its lParam as a point.
+    std::vector<WPARAM> WParams(UINT message) const;
+    std::vector<CPoint> Points(UINT message) const;
     // Creates the window as a visible child of the parent at the rectangle.
     bool CreateChild(CWnd* parent, const CRect& rect, UINT id = 0);
 

@@ -1,10 +1,5 @@
-// Suppressions for the toolkit's tests, read only in sanitizer builds. Fontconfig keeps its
-// configuration and match results for the life of the process in structures the leak
-// checker cannot follow, and Pango matches fonts on a helper thread of its own through
-// fontconfig's internal locking, which the thread checker cannot see. Cairo's X surfaces
-// now and then keep a small block that cairo_paint allocated for its own use past the
-// display's closing (seen only when the X tests run with full stacks, as they do). Nothing
-// of ours is suppressed: whatever our code allocates, it does not do inside cairo_paint.
+// Sanitizer builds only: fontconfig's lifetime caches and Pango's fontconfig helper thread are
+// opaque to the checkers, as is a block cairo_paint keeps past an X display's close; none is ours.
 extern "C" __attribute__((visibility("default"))) const char* __lsan_default_suppressions() {
     return "leak:libfontconfig.so\nleak:cairo_paint\n";
 }

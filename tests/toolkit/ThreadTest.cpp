@@ -1,5 +1,5 @@
-#include "toolkit/FallbackIdleDriver.h"
 #include "tests/toolkit/HostFixture.h"
+#include "toolkit/FallbackIdleDriver.h"
 #include "toolkit/WinMessages.h"
 #include "toolkit/WindowTimer.h"
 
@@ -38,10 +38,8 @@ TEST_F(ThreadTest, TimerTicksArriveAsTimerMessagesWithZeroId) {
     ASSERT_GE(wnd.ticks.size(), 3u);
     EXPECT_LE(wnd.ticks.size(), 6u);
     EXPECT_GE(wnd.ticks.front() - start, std::chrono::milliseconds(45));
-    for (const ReceivedMessage& tick : wnd.Only(WM_TIMER)) {
-        EXPECT_EQ(tick.wParam, 0u);
-        EXPECT_EQ(tick.lParam, 0);
-    }
+    EXPECT_EQ(wnd.WParams(WM_TIMER), std::vector<WPARAM>(wnd.ticks.size(), 0));
+    EXPECT_EQ(wnd.Points(WM_TIMER), std::vector<CPoint>(wnd.ticks.size(), CPoint(0, 0)));
 }
 
 // Ticks already counted when the timer stops are not delivered either.
@@ -79,19 +77,17 @@ TEST_F(ThreadTest, UndeliveredTicksAreBounded) {
     std::this_thread::sleep_for(std::chrono::milliseconds(100));
     // The timer goes on ticking while the pump delivers: what arrives meanwhile comes on
     // top of the bounded backlog of a hundred periods.
-    const auto pumpStart = std::chrono::steady_clock::now();
+    const auto pumpStart = Clock::now();
     driver.Pump();
-    const auto pumpMs = std::chrono::duration_cast<std::chrono::milliseconds>(
-                            std::chrono::steady_clock::now() - pumpStart)
-                            .count();
+    const auto pumpMs =
+        std::chrono::duration_cast<std::chrono::milliseconds>(Clock::now() - pumpStart).count();
     wnd.KillTimer(1);
     EXPECT_LE(wnd.ticks.size(), static_cast<size_t>(WindowTimer::kMaxPendingTicks + pumpMs + 1));
     EXPECT_GE(wnd.ticks.size(), 1u);
 }
 
 TEST_F(ThreadTest, PostsFromOtherThreadsAllArrive) {
-    constexpr int kThreads = 4;
-    constexpr int kPostsEach = 50;
+    constexpr int kThreads = 4, kPostsEach = 50;
     std::vector<std::thread> workers;
     for (int t = 0; t < kThreads; ++t) {
         workers.emplace_back([this, t] {
@@ -102,13 +98,10 @@ TEST_F(ThreadTest, PostsFromOtherThreadsAllArrive) {
     for (auto& worker : workers)
         worker.join();
     driver.Pump();
-    const auto received = wnd.Only(kFromWorker);
-    ASSERT_EQ(received.size(), static_cast<size_t>(kThreads * kPostsEach));
     std::vector<int> perThread(kThreads, 0);
-    for (const ReceivedMessage& m : received)
-        ++perThread[m.wParam];
-    for (int count : perThread)
-        EXPECT_EQ(count, kPostsEach);
+    for (WPARAM thread : wnd.WParams(kFromWorker))
+        ++perThread.at(thread);
+    EXPECT_EQ(perThread, std::vector<int>(kThreads, kPostsEach));
 }
 
 TEST_F(ThreadTest, PostingWhileTheMainThreadPumps) {

@@ -1,6 +1,6 @@
 #include "tests/toolkit/HostFixture.h"
-#include "toolkit/MFCView0.h"
 #include "tests/toolkit/RecordingWnd.h"
+#include "toolkit/MFCView0.h"
 #include "toolkit/WinMessages.h"
 #include "toolkit/WinStyles.h"
 
@@ -13,19 +13,18 @@ using WindowTest = HostFixture;
 TEST_F(WindowTest, CreationDeliversCreateMoveAndSizeInOrder) {
     RecordingWnd wnd;
     ASSERT_TRUE(wnd.CreateChild(&frame, CRect(10, 20, 110, 70), 7));
-    ASSERT_GE(wnd.received.size(), 3u);
-    EXPECT_EQ(wnd.received[0].message, WM_CREATE);
-    EXPECT_EQ(wnd.lastCreate.x, 10);
-    EXPECT_EQ(wnd.lastCreate.y, 20);
-    EXPECT_EQ(wnd.lastCreate.cx, 100);
-    EXPECT_EQ(wnd.lastCreate.cy, 50);
-    EXPECT_EQ(wnd.lastCreate.hwndParent, frame.GetSafeHwnd());
-    EXPECT_EQ(wnd.lastCreate.hMenu, reinterpret_cast<void*>(7));
-    EXPECT_EQ(wnd.received[1].message, WM_MOVE);
-    EXPECT_EQ(wnd.received[1].lParam, MAKELPARAM(10, 20));
-    EXPECT_EQ(wnd.received[2].message, WM_SIZE);
-    EXPECT_EQ(wnd.received[2].wParam, 0u);
-    EXPECT_EQ(wnd.received[2].lParam, MAKELPARAM(100, 50));
+    const std::vector<UINT> messages = wnd.Messages();
+    ASSERT_GE(messages.size(), 3u);
+    EXPECT_EQ(std::vector<UINT>(messages.begin(), messages.begin() + 3),
+              (std::vector<UINT>{WM_CREATE, WM_MOVE, WM_SIZE}));
+    const CREATESTRUCT& create = wnd.lastCreate;
+    EXPECT_EQ(CRect(CPoint(create.x, create.y), CSize(create.cx, create.cy)),
+              CRect(10, 20, 110, 70));
+    EXPECT_EQ(create.hwndParent, frame.GetSafeHwnd());
+    EXPECT_EQ(create.hMenu, reinterpret_cast<void*>(7));
+    EXPECT_EQ(wnd.Points(WM_MOVE), std::vector<CPoint>{CPoint(10, 20)});
+    EXPECT_EQ(wnd.Points(WM_SIZE), std::vector<CPoint>{CPoint(100, 50)});
+    EXPECT_EQ(wnd.WParams(WM_SIZE), std::vector<WPARAM>{0});
     EXPECT_EQ(wnd.GetDlgCtrlID(), 7);
     EXPECT_EQ(wnd.GetParent(), &frame);
     EXPECT_TRUE(wnd.GetStyle() & WS_CHILD);
@@ -63,8 +62,7 @@ TEST_F(WindowTest, RefusedCreationLeavesNoView) {
 }
 
 TEST_F(WindowTest, DestroyTakesChildrenFirstThenDetaches) {
-    RecordingWnd parent;
-    RecordingWnd child;
+    RecordingWnd parent, child;
     ASSERT_TRUE(parent.CreateChild(&frame, CRect(0, 0, 100, 100)));
     ASSERT_TRUE(child.CreateChild(&parent, CRect(5, 5, 20, 20), 3));
     EXPECT_EQ(parent.GetDlgItem(3), &child);
@@ -111,8 +109,7 @@ TEST_F(WindowTest, HostFrameTakesTheHostSizeAndMoveWindowPlacesWithinIt) {
     ASSERT_TRUE(wnd.CreateChild(&frame, CRect(0, 0, 10, 10)));
     wnd.received.clear();
     wnd.MoveWindow(30, 40, 50, 60, true);
-    ASSERT_EQ(wnd.Only(WM_SIZE).size(), 1u);
-    EXPECT_EQ(wnd.Only(WM_SIZE)[0].lParam, MAKELPARAM(50, 60));
+    EXPECT_EQ(wnd.Points(WM_SIZE), std::vector<CPoint>{CPoint(50, 60)});
     CRect screen;
     wnd.GetWindowRect(&screen);
     EXPECT_EQ(screen, CRect(kHostLeft + 30, kHostTop + 40, kHostLeft + 80, kHostTop + 100));
@@ -124,8 +121,7 @@ TEST_F(WindowTest, HostFrameTakesTheHostSizeAndMoveWindowPlacesWithinIt) {
 }
 
 TEST_F(WindowTest, TextOfAChildIsFoundThroughItsId) {
-    RecordingWnd parent;
-    RecordingWnd field;
+    RecordingWnd parent, field;
     ASSERT_TRUE(parent.CreateChild(&frame, CRect(0, 0, 100, 100)));
     ASSERT_TRUE(field.CreateChild(&parent, CRect(0, 0, 50, 20), 5000));
     parent.SetDlgItemText(5000, "Warm");

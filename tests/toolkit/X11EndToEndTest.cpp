@@ -1,6 +1,5 @@
-// The toolkit on a real X server (run under Xvfb): a window inside a window that another
-// connection owns, as a host's, painted, clicked and typed into with xdotool, and closed
-// without leaving windows, threads or display connections behind.
+// The toolkit under a real X server: a window inside another connection's window, painted,
+// clicked and typed into with xdotool, and closed leaving no windows, threads or connections.
 #include "tests/toolkit/EndToEndScenario.h"
 #include "tests/toolkit/ToolkitThreads.h"
 #include "toolkit/CFrameWnd.h"
@@ -21,8 +20,7 @@
 
 namespace {
 
-constexpr int kHostX = 40;
-constexpr int kHostY = 30;
+constexpr int kHostX = 40, kHostY = 30;
 
 bool RunTool(const std::string& command) {
     return std::system(command.c_str()) == 0;
@@ -146,7 +144,8 @@ protected:
     void Open() {
         ASSERT_TRUE(frame.SetNativeHandle(host.Handle()));
         frame.HostIdle();
-        ASSERT_TRUE(wnd.Create(nullptr, "w", WS_CHILD | WS_VISIBLE, CRect(0, 0, 100, 100), &frame, 1));
+        ASSERT_TRUE(
+            wnd.Create(nullptr, "w", WS_CHILD | WS_VISIBLE, CRect(0, 0, 100, 100), &frame, 1));
     }
     // Five rounds of pumping, each with a short wait for work.
     static void PumpAWhile() {
@@ -181,7 +180,8 @@ TEST_F(X11EndToEnd, HostDestroyingItsWindowRightAfterCloseIsHarmless) {
     {
         std::lock_guard<std::recursive_mutex> lock(AfxUiLock());
         ASSERT_TRUE(frame.SetNativeHandle(host.Handle()));
-        ASSERT_TRUE(wnd.Create(nullptr, "w", WS_CHILD | WS_VISIBLE, CRect(0, 0, 100, 100), &frame, 1));
+        ASSERT_TRUE(
+            wnd.Create(nullptr, "w", WS_CHILD | WS_VISIBLE, CRect(0, 0, 100, 100), &frame, 1));
         wnd.SetTimer(1, 20);
     }
     std::this_thread::sleep_for(std::chrono::milliseconds(100));
