@@ -4,6 +4,7 @@
 
 #include "tests/support/ReferenceEqualizer.h"
 
+#include <algorithm>
 #include <cmath>
 #include <cstdint>
 #include <cstring>
@@ -109,10 +110,12 @@ public:
 private:
     // Input left and right, output left and right.
     void Place(const int (&offsets)[4]) {
-        for (int i = 0; i < 4; ++i) {
-            m_offsets[i] = offsets[i];
-            (i < 2 ? m_in : m_out)[i % 2] = m_memory.data() + offsets[i];
-        }
+        std::copy(offsets, offsets + 4, m_offsets);
+        float* const memory = m_memory.data();
+        m_in[0] = memory + offsets[0];
+        m_in[1] = memory + offsets[1];
+        m_out[0] = memory + offsets[2];
+        m_out[1] = memory + offsets[3];
     }
 
     // Noise at a random level, with stretches of silence and of subnormal values so that
