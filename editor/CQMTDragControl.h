@@ -1,8 +1,8 @@
 // What the knob and the slider share as controls the panel drags: their place on the
 // panel, the read-out they invalidate on a change, the range their value moves in and whom
 // they tell of it, and the press, moves and release of a drag, with the mouse captured in
-// between. No window of its own; the panel owns each
-// control, forwards the mouse to it and hands it a DC to draw into.
+// between. No window of its own; the panel owns each control, forwards the mouse to it and
+// hands it a DC to draw into.
 #pragma once
 
 #include "base/CRect.h"

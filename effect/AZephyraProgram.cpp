@@ -27,7 +27,7 @@ AZephyraProgram::AZephyraProgram() {
         record.param[kParamGain2] = ValToNormalizeValue(kParamGain2, 0.0f);
         record.param[kParamFreq2] = ValToNormalizeValue(kParamFreq2, 1000.0f);
         record.param[kParamQ2] = ValToNormalizeValue(kParamQ2, 1.0f);
-        std::memcpy(record.name, "Empty", 6);
+        std::memcpy(record.name, kEmptyProgramName, sizeof kEmptyProgramName);
     }
 }
 

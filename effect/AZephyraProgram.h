@@ -19,6 +19,8 @@ constexpr int kProgramNameField = 28;
 // Longest name handed out or taken in, terminator included: the hosts' limit, and it
 // keeps program 0's last four name bytes free for the bank chunk's current program.
 constexpr int kProgramNameLimit = 24;
+// The name of every program a fresh bank holds.
+constexpr char kEmptyProgramName[] = "Empty";
 
 struct ZephyraProgramRecord {
     float param[kNumParams];

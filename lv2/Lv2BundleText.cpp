@@ -72,7 +72,7 @@ std::vector<int> NamedPrograms(const AZephyraProgram& bank) {
     for (int program = 0; program < kNumPrograms; ++program) {
         char name[kProgramNameLimit];
         GetProgramRecordName(bank[program], name);
-        if (name[0] != '\0' && std::strcmp(name, "Empty") != 0) {
+        if (name[0] != '\0' && std::strcmp(name, kEmptyProgramName) != 0) {
             named.push_back(program);
         }
     }

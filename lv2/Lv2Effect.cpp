@@ -1,10 +1,10 @@
 #include "lv2/Lv2Effect.h"
 
 #include <lv2/atom/atom.h>
+#include <lv2/core/lv2_util.h>
 
 #include <algorithm>
 #include <cmath>
-#include <cstring>
 #include <limits>
 #include <vector>
 
@@ -15,15 +15,6 @@ constexpr intptr_t kInterfaceVersion = 2400;
 // Set while a run applies the host's port values: the edits the effect then reports are
 // the host's own and go nowhere. Per thread, as the user interface edits meanwhile.
 thread_local bool t_applyingPorts = false;
-
-const LV2_URID_Map* FindUridMap(const LV2_Feature* const* features) {
-    for (const LV2_Feature* const* feature = features; feature && *feature; ++feature) {
-        if (std::strcmp((*feature)->URI, LV2_URID__map) == 0) {
-            return static_cast<const LV2_URID_Map*>((*feature)->data);
-        }
-    }
-    return nullptr;
-}
 
 // The folder with its final "/", as the effect expects a folder answer.
 std::string AsFolder(const char* path) {
@@ -39,7 +30,8 @@ std::string AsFolder(const char* path) {
 Lv2Effect::Lv2Effect(double sampleRate, const char* bundlePath, const LV2_Feature* const* features,
                      ZephyraEditorFactory makeEditor)
     : m_bundlePath(AsFolder(bundlePath)) {
-    if (const LV2_URID_Map* map = FindUridMap(features)) {
+    if (const auto* map =
+            static_cast<const LV2_URID_Map*>(lv2_features_data(features, LV2_URID__map))) {
         m_bankKey = map->map(map->handle, lv2::kBankStateKey);
         m_chunkType = map->map(map->handle, LV2_ATOM__Chunk);
     }
@@ -47,7 +39,7 @@ Lv2Effect::Lv2Effect(double sampleRate, const char* bundlePath, const LV2_Featur
     m_effect->getAeffect()->user = this;
     m_effect->setSampleRate(static_cast<float>(sampleRate));
     m_effect->open();
-    ForgetAppliedPorts();
+    ForgetSeenPortValues();
 }
 
 intptr_t Lv2Effect::AnswerEffect(AEffect* effect, int32_t opcode, int32_t index, intptr_t, void*,
@@ -59,18 +51,13 @@ intptr_t Lv2Effect::AnswerEffect(AEffect* effect, int32_t opcode, int32_t index,
     if (!self) {
         return 0;
     }
-    Lv2EditListener* listener = t_applyingPorts ? nullptr : self->m_editListener;
-    switch (opcode) {
-    case audioMasterGetDirectory:
+    if (opcode == audioMasterGetDirectory) {
         return reinterpret_cast<intptr_t>(self->m_bundlePath.c_str());
-    case audioMasterAutomate:
-        if (listener) {
-            listener->Edited(index, opt);
-        }
-        return 0;
-    default:
-        return 0;
     }
+    if (opcode == audioMasterAutomate && self->m_editListener && !t_applyingPorts) {
+        self->m_editListener->Edited(index, opt);
+    }
+    return 0;
 }
 
 void Lv2Effect::ConnectPort(uint32_t port, void* data) {
@@ -92,7 +79,7 @@ void Lv2Effect::Deactivate() {
     m_effect->suspend();
 }
 
-void Lv2Effect::ForgetAppliedPorts() {
+void Lv2Effect::ForgetSeenPortValues() {
     std::fill(std::begin(m_seenPortValue), std::end(m_seenPortValue),
               std::numeric_limits<float>::quiet_NaN());
 }
@@ -172,6 +159,6 @@ LV2_State_Status Lv2Effect::Restore(LV2_State_Retrieve_Function retrieve, LV2_St
     std::vector<char> image(static_cast<const char*>(value),
                             static_cast<const char*>(value) + size);
     m_effect->setChunk(image.data(), static_cast<int32_t>(image.size()), false);
-    ForgetAppliedPorts();
+    ForgetSeenPortValues();
     return LV2_STATE_SUCCESS;
 }

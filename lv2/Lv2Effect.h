@@ -49,7 +49,7 @@ private:
     static intptr_t AnswerEffect(AEffect* effect, int32_t opcode, int32_t index, intptr_t value,
                                  void* ptr, float opt);
     void ApplyControlPorts();
-    void ForgetAppliedPorts();
+    void ForgetSeenPortValues();
 
     std::string m_bundlePath;
     Lv2EditListener* m_editListener = nullptr;

@@ -3,20 +3,10 @@
 #include "editor/CZephyraEditor.h"
 #include "lv2/PortValue.h"
 
+#include <lv2/core/lv2_util.h>
 #include <lv2/instance-access/instance-access.h>
 
-#include <cstring>
-
 namespace {
-
-void* FindFeature(const LV2_Feature* const* features, const char* uri) {
-    for (const LV2_Feature* const* feature = features; feature && *feature; ++feature) {
-        if (std::strcmp((*feature)->URI, uri) == 0) {
-            return (*feature)->data;
-        }
-    }
-    return nullptr;
-}
 
 bool IsParameter(int index) {
     return index >= 0 && index < kNumParams;
@@ -26,8 +16,8 @@ bool IsParameter(int index) {
 
 std::unique_ptr<Lv2Ui> Lv2Ui::Create(LV2UI_Write_Function write, LV2UI_Controller controller,
                                      const LV2_Feature* const* features) {
-    auto* plugin = static_cast<Lv2Effect*>(FindFeature(features, LV2_INSTANCE_ACCESS_URI));
-    void* parent = FindFeature(features, LV2_UI__parent);
+    auto* plugin = static_cast<Lv2Effect*>(lv2_features_data(features, LV2_INSTANCE_ACCESS_URI));
+    void* parent = lv2_features_data(features, LV2_UI__parent);
     if (!plugin || !parent || !write) {
         return nullptr;
     }
@@ -37,11 +27,12 @@ std::unique_ptr<Lv2Ui> Lv2Ui::Create(LV2UI_Write_Function write, LV2UI_Controlle
     }
     ERect* size = nullptr;
     editor->getRect(&size);
-    if (auto* resize = static_cast<const LV2UI_Resize*>(FindFeature(features, LV2_UI__resize));
+    if (auto* resize =
+            static_cast<const LV2UI_Resize*>(lv2_features_data(features, LV2_UI__resize));
         resize && size) {
         resize->ui_resize(resize->handle, size->right - size->left, size->bottom - size->top);
     }
-    const auto* touch = static_cast<const LV2UI_Touch*>(FindFeature(features, LV2_UI__touch));
+    const auto* touch = static_cast<const LV2UI_Touch*>(lv2_features_data(features, LV2_UI__touch));
     return std::unique_ptr<Lv2Ui>(new Lv2Ui(*plugin, *editor, write, controller, touch));
 }
 
