@@ -6,15 +6,12 @@
 #include <algorithm>
 #include <cmath>
 #include <limits>
+#include <thread>
 #include <vector>
 
 namespace {
 
 constexpr intptr_t kInterfaceVersion = 2400;
-
-// Set while a run applies the host's port values: the edits the effect then reports are
-// the host's own and go nowhere. Per thread, as the user interface edits meanwhile.
-thread_local bool t_applyingPorts = false;
 
 // The folder with its final "/", as the effect expects a folder answer.
 std::string AsFolder(const char* path) {
@@ -54,7 +51,8 @@ intptr_t Lv2Effect::AnswerEffect(AEffect* effect, int32_t opcode, int32_t index,
     if (opcode == audioMasterGetDirectory) {
         return reinterpret_cast<intptr_t>(self->m_bundlePath.c_str());
     }
-    if (opcode == audioMasterAutomate && self->m_editListener && !t_applyingPorts) {
+    if (opcode == audioMasterAutomate && self->m_editListener &&
+        self->m_applyingPortsThread.load() != std::this_thread::get_id()) {
         self->m_editListener->Edited(index, opt);
     }
     return 0;
@@ -88,7 +86,7 @@ void Lv2Effect::ForgetSeenPortValues() {
 // (a NaN is ignored), then stored only when it gives another normalised value than the
 // effect holds, so that ports agreeing with a restored program leave it unedited.
 void Lv2Effect::ApplyControlPorts() {
-    t_applyingPorts = true;
+    m_applyingPortsThread = std::this_thread::get_id();
     for (int index = 0; index < kNumParams; ++index) {
         if (!m_controls[index]) {
             continue;
@@ -112,7 +110,7 @@ void Lv2Effect::ApplyControlPorts() {
             m_effect->setParameter(index, normalised);
         }
     }
-    t_applyingPorts = false;
+    m_applyingPortsThread = std::thread::id();
 }
 
 void Lv2Effect::Run(uint32_t frames) {

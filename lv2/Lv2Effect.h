@@ -11,8 +11,10 @@
 #include <lv2/state/state.h>
 #include <lv2/urid/urid.h>
 
+#include <atomic>
 #include <memory>
 #include <string>
+#include <thread>
 
 // Where the effect's reports of a user's edit go (its panel moved a control or took a
 // typed value), as the VST host hears them through the automation call.
@@ -56,6 +58,12 @@ private:
     LV2_URID m_bankKey = 0;
     LV2_URID m_chunkType = 0;
     std::unique_ptr<AZephyra> m_effect;
+    // The thread applying the host's port values while it does: the edits the effect then
+    // reports from that thread are the host's own and go nowhere, while the user
+    // interface's edits from its own thread still reach the host. A thread id, not a
+    // thread-local flag: a module's thread-local storage is allocated on a thread's first
+    // use, which would be the audio thread's first run.
+    std::atomic<std::thread::id> m_applyingPortsThread{};
     float* m_audio[lv2::kNumAudioPorts] = {};
     const float* m_controls[kNumParams] = {};
     float* m_meters[lv2::kNumMeterPorts] = {};

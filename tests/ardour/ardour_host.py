@@ -30,6 +30,8 @@ RATE = 48000
 BLOCK = 1024
 FRAMES = RATE // 2
 GAIN1 = 4
+# How often a Lua script runs before an early abort fails the test (see Ardour.lua).
+ATTEMPTS = 4
 
 # What each control is set to, as the command-line host takes it (display values).
 SETTINGS = {
@@ -148,13 +150,15 @@ class Ardour:
     def lua(self, script, new_session=True, **values):
         """Runs a Lua script in luasession and returns its result lines. A run whose
         results are complete counts even if luasession aborts afterwards; one that aborts
-        before is tried once more (from scratch, for a script that makes the session)."""
+        before is tried again (from scratch, for a script that makes the session). Under
+        load, Ardour 7.3's export aborts on a corrupted heap (glibc's "free(): invalid
+        size") in up to one run of ten, with its own equaliser in our place too."""
         results = os.path.join(self.folder, script + ".results")
         env = dict(self.env)
         env.update({"ZT_" + key.upper(): str(value) for key, value in values.items()})
         env["ZT_RESULTS"] = results
         logs = []
-        for attempt in (1, 2):
+        for attempt in range(1, ATTEMPTS + 1):
             if os.path.exists(results):
                 os.remove(results)
             if new_session:
@@ -173,7 +177,7 @@ class Ardour:
                                           completed.stdout.decode(errors="replace")))
             print("%s stopped before its results (exit %d), attempt %d"
                   % (script, completed.returncode, attempt))
-        raise Failure("%s did not finish, twice:\n%s" % (script, "\n".join(logs)))
+        raise Failure("%s did not finish in %d runs:\n%s" % (script, ATTEMPTS, "\n".join(logs)))
 
     def export_folder(self, name):
         folder = os.path.join(self.folder, "export-" + name)

@@ -11,8 +11,13 @@ function result(...)
 	results:write(table.concat({...}, " "), "\n")
 	results:flush()
 end
--- The driver counts a run as complete only when this line is there.
-function finish()
+-- Runs a script's work, then ends the session. luasession frees the session when it is
+-- closed, so every Lua reference to the session's objects must be collected before:
+-- the work keeps them in its own locals, gone once it returns. The driver counts a run
+-- as complete only when the "done" line is there.
+function run_and_finish(work)
+	work()
+	collectgarbage()
 	result("done")
 	results:close()
 	close_session()
@@ -97,6 +102,8 @@ function connect_to_master(session, track)
 	end
 end
 
+kept_exports = {}
+
 -- Renders the signal's length from the session start as a 32-bit float WAV file.
 function export_to(session, folder, name)
 	local export = session:simple_export()
@@ -105,6 +112,10 @@ function export_to(session, folder, name)
 	export:set_folder(folder)
 	export:set_name(name)
 	assert(export:run_export(), "export")
+	-- Ardour 7.3 may free an export's port channels twice when the export object is
+	-- collected (seen as glibc's "double free" in one run of five): keep it until
+	-- the process ends, after the results are written.
+	kept_exports[#kept_exports + 1] = export
 end
 
 -- The equaliser of a session saved by new_equaliser_session, ready to play again.
