@@ -3,8 +3,10 @@
 #include "editor/CUIWindow.h"
 #include "editor/UIWindowLayout.h"
 #include "effect/AZephyra.h"
+#include "toolkit/DisplayScale.h"
 #include "toolkit/FallbackIdleDriver.h"
 #include "toolkit/MFCView0.h"
+#include "toolkit/MessagePump.h"
 
 #include <mutex>
 
@@ -14,12 +16,7 @@ using UiLock = std::lock_guard<std::recursive_mutex>;
 } // namespace
 
 CZephyraEditor::CZephyraEditor(AZephyra* effect) : ZephyraEditorBase(effect), m_effect(effect) {
-    m_background.LoadResourceBitmap(MAKEINTRESOURCE(kBitmapBackground));
     effect->setEditor(this);
-    m_rect.top = 0;
-    m_rect.left = 0;
-    m_rect.bottom = static_cast<int16_t>(m_background.Height());
-    m_rect.right = static_cast<int16_t>(m_background.Width());
 }
 
 CZephyraEditor::~CZephyraEditor() {
@@ -31,7 +28,21 @@ ZephyraEditorBase* CZephyraEditor::Make(AZephyra* effect) {
     return new CZephyraEditor(effect);
 }
 
+void CZephyraEditor::FixScale() {
+    if (m_pPanel)
+        return;
+    const auto platform = AfxDefaultPlatform();
+    const double scale = FixDeviceScale(platform ? platform->DesktopDpi() : 0.0);
+    m_background.LoadResourceBitmap(MAKEINTRESOURCE(kBitmapBackground));
+    m_rect.top = 0;
+    m_rect.left = 0;
+    m_rect.bottom = static_cast<int16_t>(ToDevice(m_background.Height(), scale));
+    m_rect.right = static_cast<int16_t>(ToDevice(m_background.Width(), scale));
+}
+
 bool CZephyraEditor::getRect(ERect** rect) {
+    UiLock lock(AfxUiLock());
+    FixScale();
     *rect = &m_rect;
     return true;
 }
@@ -40,6 +51,7 @@ bool CZephyraEditor::open(void* parent) {
     UiLock lock(AfxUiLock());
     if (m_pPanel)
         return true;
+    FixScale();
     m_systemWindow = parent;
     m_pPanel = std::make_unique<CUIWindow>();
     m_hostFrame.SetNativeHandle(parent);

@@ -26,7 +26,8 @@ public:
     // The factory that the module hands to the effect.
     static ZephyraEditorBase* Make(AZephyra* effect);
 
-    // The background's size, known before the first open and never changing.
+    // The background's size in device pixels at the scale the next open will use; it
+    // holds while the panel is open.
     bool getRect(ERect** rect) override;
     // A second open while open keeps the first panel.
     bool open(void* parent) override;
@@ -55,6 +56,10 @@ public:
     uintptr_t GetPanelSystemHandle() const;
 
 private:
+    // While closed, chooses the scale from its sources (the desktop's resolution among
+    // them) and loads the background drawn for it.
+    void FixScale();
+
     ZephyraEditorEffect* m_effect;
     ERect m_rect{};
     CQMTBitmap m_background;

@@ -1,6 +1,7 @@
 #include "toolkit/BitmapResources.h"
 
 #include "base/Diagnostic.h"
+#include "toolkit/DisplayScale.h"
 
 #include <algorithm>
 #include <cstring>
@@ -20,12 +21,27 @@ std::vector<RegisteredTable>& Tables() {
     return tables;
 }
 
+// Drawn for the scale or more, as close as can be: a picture shrunk by Cairo keeps its
+// detail, one enlarged turns blurred.
+bool Better(const EmbeddedResource& candidate, const EmbeddedResource* chosen, double scale) {
+    if (!chosen)
+        return true;
+    const bool candidateCovers = candidate.scale >= scale;
+    const bool chosenCovers = chosen->scale >= scale;
+    if (candidateCovers != chosenCovers)
+        return candidateCovers;
+    return candidateCovers ? candidate.scale < chosen->scale : candidate.scale > chosen->scale;
+}
+
 const EmbeddedResource* FindIn(const RegisteredTable& registered, int id) {
+    const double scale = DeviceScale();
+    const EmbeddedResource* chosen = nullptr;
     for (std::size_t i = 0; i < registered.count; ++i) {
-        if (registered.table[i].id == id)
-            return &registered.table[i];
+        const EmbeddedResource& candidate = registered.table[i];
+        if (candidate.id == id && Better(candidate, chosen, scale))
+            chosen = &candidate;
     }
-    return nullptr;
+    return chosen;
 }
 
 const EmbeddedResource* Find(int id, const char* bundleIdentifier) {
@@ -61,6 +77,7 @@ ImageRef Decode(const EmbeddedResource& resource) {
         cairo_surface_destroy(decoded);
         return nullptr;
     }
+    cairo_surface_set_device_scale(decoded, resource.scale, resource.scale);
     if (cairo_image_surface_get_format(decoded) == CAIRO_FORMAT_ARGB32)
         return decoded;
     cairo_surface_t* image = CopyAsImage(decoded);
@@ -101,8 +118,9 @@ ImageRef LoadBitmap0(int id, const char* bundleIdentifier) {
 }
 
 void GetBitmapSize0(ImageRef image, int* width, int* height, int* bytesPerRow) {
-    const int w = image ? cairo_image_surface_get_width(image) : 0;
-    const int h = image ? cairo_image_surface_get_height(image) : 0;
+    const SIZE size = image ? ImageLayoutSize(image) : SIZE{0, 0};
+    const int w = static_cast<int>(size.cx);
+    const int h = static_cast<int>(size.cy);
     if (width)
         *width = w;
     if (height)

@@ -1,7 +1,7 @@
 // The module's numbered bitmap resources: PNG files compiled into the module as a table of
-// id and bytes. The artwork library registers its table at start-up; the loaders decode
-// from it. Decoded images are new Cairo ARGB32 surfaces that the caller releases
-// (cairo_surface_destroy, or hand them to a CBitmap).
+// id, scale and bytes; a resource may be there drawn for several scales. The artwork library
+// registers its table at start-up; the loaders decode from it. Decoded images are new Cairo ARGB32
+// surfaces that the caller releases (cairo_surface_destroy, or hand them to a CBitmap).
 #pragma once
 
 #include "toolkit/CBitmap.h"
@@ -10,6 +10,7 @@
 
 struct EmbeddedResource {
     int id;
+    double scale; // device pixels per layout pixel the picture was drawn for
     const unsigned char* bytes;
     std::size_t size;
 };
@@ -21,8 +22,9 @@ void AfxRegisterResources(const char* bundleIdentifier, const EmbeddedResource* 
 // Forgets every table under the identifier.
 void AfxUnregisterResources(const char* bundleIdentifier);
 
-// The resource named by the decimal id among the tables of that bundle; null when missing
-// or not a PNG. Prints nothing.
+// The resource named by the decimal id among the tables of that bundle, in the picture
+// drawn for the scale in force or the nearest larger one (the largest when none is larger),
+// carrying its scale; null when missing or not a PNG. Prints nothing.
 ImageRef LoadBitmap0(int id, const char* bundleIdentifier);
 // Width, height and bytes per row (width × 4) of an image; zeros for null.
 void GetBitmapSize0(ImageRef image, int* width, int* height, int* bytesPerRow);

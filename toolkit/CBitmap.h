@@ -10,8 +10,11 @@
 
 using ImageRef = cairo_surface_t*;
 
-// A new image holding the pixels of any surface, which is left as it is.
+// A new image holding the pixels of any image surface, which is left as it is; the copy
+// keeps the source's scale.
 ImageRef CopyAsImage(cairo_surface_t* source);
+// An image's size in layout pixels: its pixel size over the scale it was drawn for.
+SIZE ImageLayoutSize(cairo_surface_t* image);
 
 class CBitmap : public CGdiObject {
 public:

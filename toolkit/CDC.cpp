@@ -2,6 +2,7 @@
 
 #include "base/Diagnostic.h"
 #include "toolkit/CWnd.h"
+#include "toolkit/DisplayScale.h"
 #include "toolkit/PostedMessageRing.h"
 
 #include <algorithm>
@@ -28,11 +29,15 @@ bool CDC::CreateBitmapDC(int width, int height) {
     DeleteDC();
     if (width <= 0 || height <= 0)
         return false;
-    cairo_surface_t* surface = cairo_image_surface_create(CAIRO_FORMAT_ARGB32, width, height);
+    // Drawn in layout pixels at the device's density, like the views it is copied to.
+    const double scale = DeviceScale();
+    cairo_surface_t* surface = cairo_image_surface_create(
+        CAIRO_FORMAT_ARGB32, ToDevice(width, scale), ToDevice(height, scale));
     if (cairo_surface_status(surface) != CAIRO_STATUS_SUCCESS) {
         cairo_surface_destroy(surface);
         return false;
     }
+    cairo_surface_set_device_scale(surface, scale, scale);
     m_bitmapSurface = surface;
     m_bitmapContext = cairo_create(surface);
     m_clipRect = CRect(0, 0, width, height);
@@ -156,8 +161,7 @@ bool CDC::Blit(int x, int y, int width, int height, CDC* source, int sx, int sy,
     const CRect part(sx + source->m_origin.x, sy + source->m_origin.y,
                      sx + source->m_origin.x + sourceWidth, sy + source->m_origin.y + sourceHeight);
     CRect visible;
-    visible.IntersectRect(part, CRect(0, 0, cairo_image_surface_get_width(image),
-                                      cairo_image_surface_get_height(image)));
+    visible.IntersectRect(part, CRect(CPoint(0, 0), ImageLayoutSize(image)));
     const CRect target(x + m_origin.x, y + m_origin.y, x + m_origin.x + width,
                        y + m_origin.y + height);
     if (!visible.IsRectEmpty() && !target.IsRectEmpty()) {

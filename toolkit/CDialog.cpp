@@ -107,7 +107,7 @@ bool CDialog::CreateFromLayout(const DialogTemplate& layout, CWnd* owner) {
     const auto platform = ownerView ? ownerView->Platform() : AfxDefaultPlatform();
     if (!platform)
         return false;
-    const CRect screen(platform->ScreenBounds());
+    const CRect screen(MFCView0::ScreenBounds(*platform));
     CRect around(screen);
     if (ownerView)
         owner->GetWindowRect(&around);

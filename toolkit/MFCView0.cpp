@@ -1,12 +1,14 @@
 #include "toolkit/MFCView0.h"
 
 #include "toolkit/CWnd.h"
+#include "toolkit/DisplayScale.h"
 #include "toolkit/KeyboardRouting.h"
 #include "toolkit/MFCWindow.h"
 #include "toolkit/PostedMessageRing.h"
 #include "toolkit/WinMessages.h"
 
 #include <algorithm>
+#include <cmath>
 #include <map>
 
 namespace {
@@ -19,12 +21,29 @@ std::map<std::uint64_t, MFCView0*>& LiveViews() {
     return views;
 }
 
+// Layout rectangles to device ones and back. Going back, a device area is widened to the
+// layout pixels it touches, so that nothing of it is left unpainted.
+RECT ToDeviceRect(const RECT& rect, double scale) {
+    return {ToDevice(rect.left, scale), ToDevice(rect.top, scale), ToDevice(rect.right, scale),
+            ToDevice(rect.bottom, scale)};
+}
+
+RECT ToLayoutRect(const RECT& rect, double scale) {
+    return {ToLayout(rect.left, scale), ToLayout(rect.top, scale),
+            static_cast<std::int32_t>(std::ceil(rect.right / scale)),
+            static_cast<std::int32_t>(std::ceil(rect.bottom / scale))};
+}
+
+int ToLayoutLength(int device, double scale) {
+    return static_cast<int>(std::lround(device / scale));
+}
+
 } // namespace
 
 MFCView0::MFCView0(std::shared_ptr<native::NativePlatform> platform, MFCView0* superview, CWnd* wnd,
                    bool hostView)
     : m_serial(g_nextSerial++), m_platform(std::move(platform)), m_superview(superview),
-      m_pWnd(wnd), m_hostView(hostView) {
+      m_pWnd(wnd), m_hostView(hostView), m_scale(superview ? superview->m_scale : DeviceScale()) {
     LiveViews()[m_serial] = this;
     if (m_superview)
         m_superview->m_subviews.push_back(this);
@@ -37,7 +56,8 @@ std::unique_ptr<MFCView0> MFCView0::CreateViewNS(MFCView0& parent, int x, int y,
     std::unique_ptr<MFCView0> view(new MFCView0(parent.m_platform, &parent, wnd, false));
     view->m_frame = CRect(x, y, x + cx, y + cy);
     view->m_hidden = true;
-    view->m_native = view->m_platform->CreateChildView(*parent.m_native, view->m_frame, *view);
+    view->m_native = view->m_platform->CreateChildView(
+        *parent.m_native, ToDeviceRect(view->m_frame, view->m_scale), *view);
     if (!view->m_native)
         return nullptr;
     return view;
@@ -53,7 +73,7 @@ MFCView0::CreateTopLevelNS(const std::shared_ptr<native::NativePlatform>& platfo
     view->m_frame = screenFrame;
     view->m_hidden = true;
     view->m_native = platform->CreateTopLevelView(kind, owner ? owner->m_native.get() : nullptr,
-                                                  screenFrame, *view);
+                                                  ToDeviceRect(screenFrame, view->m_scale), *view);
     if (!view->m_native)
         return nullptr;
     return view;
@@ -68,8 +88,7 @@ MFCView0::WrapHostNS(const std::shared_ptr<native::NativePlatform>& platform, vo
     view->m_native = platform->WrapHostView(handle, *view);
     if (!view->m_native)
         return nullptr;
-    const SIZE size = view->m_native->Size();
-    view->m_frame = CRect(0, 0, size.cx, size.cy);
+    view->m_frame = CRect(CPoint(0, 0), view->BoundsSize());
     return view;
 }
 
@@ -109,17 +128,22 @@ void MFCView0::SetFrame(const RECT& frame) {
         return;
     m_frame = newFrame;
     if (m_native && !m_hostView)
-        m_native->SetFrame(m_frame);
+        m_native->SetFrame(ToDeviceRect(m_frame, m_scale));
 }
 
 CSize MFCView0::BoundsSize() const {
-    if (m_hostView && m_native)
-        return m_native->Size();
+    if (m_hostView && m_native) {
+        const SIZE size = m_native->Size();
+        return CSize(ToLayoutLength(size.cx, m_scale), ToLayoutLength(size.cy, m_scale));
+    }
     return m_frame.Size();
 }
 
 CPoint MFCView0::ScreenOrigin() const {
-    return m_native ? CPoint(m_native->ScreenOrigin()) : m_frame.TopLeft();
+    if (!m_native)
+        return m_frame.TopLeft();
+    const POINT origin = m_native->ScreenOrigin();
+    return CPoint(ToLayout(origin.x, m_scale), ToLayout(origin.y, m_scale));
 }
 
 void MFCView0::SetHidden(bool hidden) {
@@ -168,12 +192,14 @@ void MFCView0::DisplayAllPending() {
 
 void MFCView0::EnsurePixels() {
     const CSize size = BoundsSize();
-    const int width = std::max(1, static_cast<int>(size.cx));
-    const int height = std::max(1, static_cast<int>(size.cy));
+    const int width = std::max(1, ToDevice(size.cx, m_scale));
+    const int height = std::max(1, ToDevice(size.cy, m_scale));
     if (m_pixels && cairo_image_surface_get_width(m_pixels) == width &&
         cairo_image_surface_get_height(m_pixels) == height)
         return;
     cairo_surface_t* pixels = cairo_image_surface_create(CAIRO_FORMAT_ARGB32, width, height);
+    // Everything drawn on the pixels is in layout pixels; Cairo maps it to the device.
+    cairo_surface_set_device_scale(pixels, m_scale, m_scale);
     cairo_t* cr = cairo_create(pixels);
     const COLORREF background = m_pWnd ? m_pWnd->GetBackgroundColor() : 0xFFFFFF;
     cairo_set_source_rgb(cr, GetRValue(background) / 255.0, GetGValue(background) / 255.0,
@@ -216,7 +242,7 @@ void MFCView0::DisplayIfNeeded() {
     cairo_destroy(cr);
     cairo_surface_flush(m_pixels);
     if (m_native)
-        m_native->Present(m_pixels, area);
+        m_native->Present(m_pixels, ToDeviceRect(area, m_scale));
 }
 
 cairo_t* MFCView0::LockFocusIfCanDraw() {
@@ -239,7 +265,7 @@ void MFCView0::UnlockFocus(cairo_t* context, const TouchedArea& touched) {
     for (const CRect& rect : touched) {
         CRect area;
         if (area.IntersectRect(rect, CRect(0, 0, size.cx, size.cy)))
-            m_native->Present(m_pixels, area);
+            m_native->Present(m_pixels, ToDeviceRect(area, m_scale));
     }
 }
 
@@ -280,12 +306,15 @@ bool MFCView0::AcceptsInput() const {
 }
 
 void MFCView0::NativeExposed(const RECT& area) {
-    SetNeedsDisplayInRect(area);
+    SetNeedsDisplayInRect(ToLayoutRect(area, m_scale));
 }
 
-void MFCView0::NativeMouse(native::MouseAction action, int x, int y, unsigned long timeMs) {
+void MFCView0::NativeMouse(native::MouseAction action, int deviceX, int deviceY,
+                           unsigned long timeMs) {
     if (!AcceptsInput())
         return;
+    const int x = ToLayout(deviceX, m_scale);
+    const int y = ToLayout(deviceY, m_scale);
     const LPARAM point = MAKELPARAM(x, y);
     switch (action) {
     case native::MouseAction::Down: {
@@ -325,7 +354,9 @@ void MFCView0::NativeFocusLost() {
     }
 }
 
-void MFCView0::NativeResized(int width, int height) {
+void MFCView0::NativeResized(int deviceWidth, int deviceHeight) {
+    const int width = ToLayoutLength(deviceWidth, m_scale);
+    const int height = ToLayoutLength(deviceHeight, m_scale);
     if (m_window) {
         m_window->WindowDidResize(width, height);
         return;
@@ -359,4 +390,8 @@ void MFCView0::NativeCloseRequested() {
 
 void MFCView0::NativeDestroyed() {
     Orphan();
+}
+
+RECT MFCView0::ScreenBounds(native::NativePlatform& platform) {
+    return ToLayoutRect(platform.ScreenBounds(), DeviceScale());
 }

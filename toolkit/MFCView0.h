@@ -44,6 +44,11 @@ public:
     static MFCView0* FromSerial(std::uint64_t serial);
     const std::shared_ptr<native::NativePlatform>& Platform() const { return m_platform; }
     const native::NativeView* Native() const { return m_native.get(); }
+    // Device pixels per layout pixel, fixed when the view is made (a child takes its
+    // parent's). Frames, sizes, areas and mouse positions here are in layout pixels.
+    double Scale() const { return m_scale; }
+    // The screen's bounds in layout pixels at the scale in force.
+    static RECT ScreenBounds(native::NativePlatform& platform);
 
     void SetFrame(const RECT& frame);
     CSize BoundsSize() const;
@@ -80,10 +85,11 @@ private:
     bool AcceptsInput() const;
 
     void NativeExposed(const RECT& area) override;
-    void NativeMouse(native::MouseAction action, int x, int y, unsigned long timeMs) override;
+    void NativeMouse(native::MouseAction action, int deviceX, int deviceY,
+                     unsigned long timeMs) override;
     void NativeKey(const native::KeyInput& key) override;
     void NativeFocusLost() override;
-    void NativeResized(int width, int height) override;
+    void NativeResized(int deviceWidth, int deviceHeight) override;
     void NativeViewable(bool viewable) override;
     void NativeCloseRequested() override;
     void NativeDestroyed() override;
@@ -96,6 +102,7 @@ private:
     CWnd* m_pWnd;
     MFCWindow* m_window = nullptr;
     const bool m_hostView;
+    const double m_scale;
     CRect m_frame;
     bool m_hidden = false;
     bool m_viewable = true;

@@ -93,7 +93,7 @@ bool PopupListWnd::Show(CWnd* owner, CPoint screenPoint, int minWidth, int align
     if (!owner || !owner->GetSafeHwnd())
         return false;
     m_listFont.CopyFrom(*owner->GetFont());
-    const RECT screen = owner->GetSafeHwnd()->Platform()->ScreenBounds();
+    const RECT screen = MFCView0::ScreenBounds(*owner->GetSafeHwnd()->Platform());
     Measure(screen, minWidth);
     const int width = m_columns * m_columnWidth + 2 * kBorder;
     const int height = m_visibleRows * m_rowHeight + 2 * kBorder;

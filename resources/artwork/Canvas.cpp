@@ -4,11 +4,23 @@
 
 #include <cmath>
 
+namespace {
+double g_scale = 1.0;
+} // namespace
+
+void Canvas::SetScale(double scale) {
+    g_scale = scale;
+}
+
 Canvas::Canvas(int width, int height)
     : width_(width), height_(height),
       // No alpha: the panel copies bitmaps without blending, so every pixel must be final.
-      surface_(cairo_image_surface_create(CAIRO_FORMAT_RGB24, width, height)),
-      cr_(cairo_create(surface_)) {}
+      surface_(cairo_image_surface_create(CAIRO_FORMAT_RGB24,
+                                          static_cast<int>(std::lround(width * g_scale)),
+                                          static_cast<int>(std::lround(height * g_scale)))) {
+    cairo_surface_set_device_scale(surface_, g_scale, g_scale);
+    cr_ = cairo_create(surface_);
+}
 
 Canvas::~Canvas() {
     if (cr_)

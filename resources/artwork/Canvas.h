@@ -10,7 +10,12 @@
 
 class Canvas {
 public:
+    // A width x height picture in layout pixels, drawn at the scale set for new canvases:
+    // its image has that many more pixels each way, and the drawing code still works in
+    // layout pixels.
     Canvas(int width, int height);
+    // The scale for canvases made from now on (1 until set).
+    static void SetScale(double scale);
     ~Canvas();
     Canvas(Canvas&& other) noexcept;
     Canvas(const Canvas&) = delete;
@@ -18,6 +23,7 @@ public:
     Canvas& operator=(Canvas&&) = delete;
 
     cairo_t* Context() const { return cr_; }
+    // In layout pixels.
     int Width() const { return width_; }
     int Height() const { return height_; }
     bool WritePng(const std::string& path) const;

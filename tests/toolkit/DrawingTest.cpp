@@ -26,8 +26,8 @@ const unsigned char kNotAPng[] = {1, 2, 3, 4};
 class DrawingTest : public ::testing::Test {
 protected:
     void SetUp() override {
-        table[0] = {kBandsId, Bands().data(), Bands().size()};
-        table[1] = {kBrokenId, kNotAPng, sizeof kNotAPng};
+        table[0] = {kBandsId, 1.0, Bands().data(), Bands().size()};
+        table[1] = {kBrokenId, 1.0, kNotAPng, sizeof kNotAPng};
         AfxRegisterResources(kBundle, table, 2);
         ASSERT_TRUE(strip.AttachImage(LoadBitmap0(kBandsId, kBundle)));
         ASSERT_TRUE(carrier.CreateCompatibleDC(nullptr));

@@ -85,6 +85,8 @@ public:
     // Modifier bits as KeyCodes.h defines them.
     virtual unsigned CurrentModifiers() = 0;
     virtual RECT ScreenBounds() = 0;
+    // The desktop's font resolution in dots per inch (96 at scale 1), 0 when it names none.
+    virtual double DesktopDpi() = 0;
     // Delivers the native events that are pending, without blocking.
     virtual void ProcessEvents() = 0;
     // Blocks until a native event may be pending or the time is up.

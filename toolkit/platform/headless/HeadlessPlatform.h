@@ -45,6 +45,7 @@ public:
     std::unique_ptr<NativeView> WrapHostView(void* handle, ViewEvents& events) override;
     unsigned CurrentModifiers() override { return m_modifiers; }
     RECT ScreenBounds() override { return m_screen; }
+    double DesktopDpi() override { return m_desktopDpi; }
     void ProcessEvents() override;
     void WaitForEvents(int timeoutMs) override;
 
@@ -55,6 +56,7 @@ public:
     // Hides or shows a host window (a host that hides the editor instead of closing it).
     void SetHostWindowVisible(void* handle, bool visible);
     void SetScreenBounds(const RECT& screen) { m_screen = screen; }
+    void SetDesktopDpi(double dpi) { m_desktopDpi = dpi; }
 
     // Input, in screen coordinates; the clock is the event time in milliseconds.
     void MouseDown(int x, int y);
@@ -90,6 +92,7 @@ private:
     void ComposeInto(cairo_t* cr, const HeadlessNode& node, double x, double y) const;
 
     RECT m_screen{0, 0, 1920, 1080};
+    double m_desktopDpi = 0.0;
     std::vector<HeadlessNode*> m_topLevels; // bottom to top
     // Host windows, destroyed ones included: views may still wrap them.
     std::vector<std::unique_ptr<HeadlessNode>> m_hostWindows;

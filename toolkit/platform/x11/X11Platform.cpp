@@ -5,10 +5,12 @@
 #include "toolkit/platform/x11/X11View.h"
 
 #include <X11/Xatom.h>
+#include <X11/Xresource.h>
 #include <X11/Xutil.h>
 #include <poll.h>
 
 #include <chrono>
+#include <cstdlib>
 #include <set>
 #include <vector>
 
@@ -241,6 +243,22 @@ unsigned X11Platform::CurrentModifiers() {
 RECT X11Platform::ScreenBounds() {
     const int screen = DefaultScreen(m_display);
     return RECT{0, 0, DisplayWidth(m_display, screen), DisplayHeight(m_display, screen)};
+}
+
+// The Xft.dpi resource, which desktops set to their scale times 96 (the resource database
+// the root window carries, as every X toolkit reads it).
+double X11Platform::DesktopDpi() {
+    const char* resources = XResourceManagerString(m_display);
+    if (!resources)
+        return 0.0;
+    XrmDatabase database = XrmGetStringDatabase(resources);
+    char* type = nullptr;
+    XrmValue value{};
+    double dpi = 0.0;
+    if (XrmGetResource(database, "Xft.dpi", "Xft.Dpi", &type, &value) && value.addr)
+        dpi = std::strtod(value.addr, nullptr);
+    XrmDestroyDatabase(database);
+    return dpi > 0.0 ? dpi : 0.0;
 }
 
 void X11Platform::ProcessEvents() {

@@ -29,6 +29,7 @@ public:
     std::unique_ptr<NativeView> WrapHostView(void* handle, ViewEvents& events) override;
     unsigned CurrentModifiers() override;
     RECT ScreenBounds() override;
+    double DesktopDpi() override;
     void ProcessEvents() override;
     void WaitForEvents(int timeoutMs) override;
 

@@ -1,0 +1,44 @@
+// How many device pixels one layout pixel of the editor takes. Everything above the native
+// layer works in layout pixels (the panel's rectangles, hit tests, meter positions); the
+// views map them to device pixels at the native boundary (MFCView0) and the bitmap loader
+// picks artwork drawn for the scale. The scale is chosen when an editor is made and stays
+// fixed while it is open.
+#pragma once
+
+namespace display_scale {
+
+constexpr double kSmallest = 1.0;
+constexpr double kLargest = 4.0;
+// The desktop resolution that means scale 1.
+constexpr double kBaseDpi = 96.0;
+
+// Where a scale comes from, strongest first. Each is skipped when absent (0 or null) or
+// unusable (not a number, not positive).
+struct Sources {
+    double requested = 0.0;             // the command-line host's --scale
+    const char* zephyraScale = nullptr; // ZEPHYRA_SCALE, for hosts that mis-report
+    double host = 0.0;                  // an LV2 host's ui:scaleFactor
+    const char* gdkScale = nullptr;     // GDK_SCALE, the desktop's whole-number scale
+    double desktopDpi = 0.0;            // the X resource Xft.dpi
+};
+
+// The strongest usable source, rounded to a quarter and kept within [kSmallest, kLargest];
+// 1 when none is usable. A panel is never drawn smaller than its layout.
+double Resolve(const Sources& sources);
+
+// The scale a caller asks for (the command line, a host's option); 0 forgets it. It is
+// taken by the next editor made.
+void Request(double scale);
+void RequestFromHost(double scale);
+
+} // namespace display_scale
+
+// The scale in force for views, pixels and bitmaps being made (1 until an editor fixes one).
+double DeviceScale();
+// Resolves the scale from every source, the desktop's resolution given, and puts it in force.
+double FixDeviceScale(double desktopDpi);
+
+// Layout pixels to device pixels: edges round to the nearest device pixel, so that
+// neighbouring rectangles still meet. Device positions back to layout ones round down.
+int ToDevice(int layout, double scale);
+int ToLayout(int device, double scale);
