@@ -6,7 +6,6 @@
 
 namespace {
 
-double g_requested = 0.0;
 double g_host = 0.0;
 double g_deviceScale = 1.0;
 
@@ -31,7 +30,6 @@ namespace display_scale {
 
 double Resolve(const Sources& sources) {
     const double candidates[] = {
-        sources.requested,
         ParsePositive(sources.zephyraScale),
         sources.host,
         // GDK_SCALE is a whole number: a fraction there is not a GTK scale either.
@@ -43,10 +41,6 @@ double Resolve(const Sources& sources) {
             return std::clamp(std::round(candidate * 4.0) / 4.0, kSmallest, kLargest);
     }
     return 1.0;
-}
-
-void Request(double scale) {
-    g_requested = scale;
 }
 
 void RequestFromHost(double scale) {
@@ -61,7 +55,6 @@ double DeviceScale() {
 
 double FixDeviceScale(double desktopDpi) {
     display_scale::Sources sources;
-    sources.requested = g_requested;
     sources.zephyraScale = std::getenv("ZEPHYRA_SCALE");
     sources.host = g_host;
     sources.gdkScale = std::getenv("GDK_SCALE");

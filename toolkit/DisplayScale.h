@@ -15,8 +15,8 @@ constexpr double kBaseDpi = 96.0;
 // Where a scale comes from, strongest first. Each is skipped when absent (0 or null) or
 // unusable (not a number, not positive).
 struct Sources {
-    double requested = 0.0;             // the command-line host's --scale
-    const char* zephyraScale = nullptr; // ZEPHYRA_SCALE, for hosts that mis-report
+    const char* zephyraScale = nullptr; // ZEPHYRA_SCALE: the user's word, for hosts that
+                                        // mis-report (the command-line host's --scale)
     double host = 0.0;                  // an LV2 host's ui:scaleFactor
     const char* gdkScale = nullptr;     // GDK_SCALE, the desktop's whole-number scale
     double desktopDpi = 0.0;            // the X resource Xft.dpi
@@ -26,9 +26,8 @@ struct Sources {
 // 1 when none is usable. A panel is never drawn smaller than its layout.
 double Resolve(const Sources& sources);
 
-// The scale a caller asks for (the command line, a host's option); 0 forgets it. It is
-// taken by the next editor made.
-void Request(double scale);
+// The scale a host passes to its plug-in's user interface (LV2's ui:scaleFactor); 0
+// forgets it. Taken when an editor is next sized or opened.
 void RequestFromHost(double scale);
 
 } // namespace display_scale

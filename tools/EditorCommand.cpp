@@ -8,6 +8,7 @@
 #include "tools/ToolError.h"
 
 #include <chrono>
+#include <cstdlib>
 #include <memory>
 #include <thread>
 
@@ -18,6 +19,8 @@ constexpr int kBlockSize = 512;
 constexpr auto kIdlePeriod = std::chrono::milliseconds(33); // about 30 Hz, as hosts idle
 constexpr int kFallbackWidth = 400;
 constexpr int kFallbackHeight = 300;
+constexpr double kSmallestScale = 1.0;
+constexpr double kLargestScale = 4.0;
 
 // The editor's size, asked before and again after opening: some editors know it only then.
 bool editorSize(const PluginInstance& plugin, int& width, int& height) {
@@ -71,6 +74,12 @@ int runEditor(const CommandLine& commandLine, const ToolContext& context) {
     if (commandLine.has("screenshot")) {
         screenshot = std::make_unique<PendingOutput>(commandLine.text("screenshot"));
     }
+    if (commandLine.has("scale")) {
+        // The plug-in is a module of its own: the scale reaches it as the variable its
+        // editor reads, before the module is loaded.
+        const double scale = commandLine.number("scale", 1.0, kSmallestScale, kLargestScale);
+        setenv("ZEPHYRA_SCALE", std::to_string(scale).c_str(), 1);
+    }
 
     PluginInstance plugin(PluginModule::load(context.pluginPath()), kSampleRate, kBlockSize);
     plugin.resume();
@@ -118,5 +127,8 @@ Command editorCommand() {
                        "close the editor after S seconds (default: when the "
                        "window is closed)"});
     options.push_back({"screenshot", "FILE.png", "save the editor's pixels before it closes"});
+    options.push_back({"scale", "S",
+                       "draw the editor at S device pixels per pixel, 1 to 4 (sets "
+                       "ZEPHYRA_SCALE; default: the desktop's scale)"});
     return {"editor", "", "open the plug-in's editor in a window of its own", options, runEditor};
 }
