@@ -68,5 +68,7 @@ int ToDevice(int layout, double scale) {
 }
 
 int ToLayout(int device, double scale) {
-    return static_cast<int>(std::floor(device / scale));
+    // The layout pixel whose device rectangle (edges as ToDevice rounds them) holds the
+    // device pixel's centre.
+    return static_cast<int>(std::floor((device + 0.5) / scale));
 }

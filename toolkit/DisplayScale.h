@@ -38,6 +38,6 @@ double DeviceScale();
 double FixDeviceScale(double desktopDpi);
 
 // Layout pixels to device pixels: edges round to the nearest device pixel, so that
-// neighbouring rectangles still meet. Device positions back to layout ones round down.
+// neighbouring rectangles still meet. A device pixel back to the layout pixel it lies in.
 int ToDevice(int layout, double scale);
 int ToLayout(int device, double scale);

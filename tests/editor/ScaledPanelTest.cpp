@@ -1,0 +1,228 @@
+// The panel at the scales of high-density screens: its size, the controls under the user's
+// clicks at their scaled places, and a picture drawn anew at the scale rather than stretched.
+#include "editor/UIWindowLayout.h"
+#include "tests/editor/EditorHost.h"
+#include "toolkit/DisplayScale.h"
+#include "toolkit/platform/headless/HeadlessPlatform.h"
+
+#include <cmath>
+#include <memory>
+#include <string>
+
+namespace {
+
+// 0xRRGGBB of an image surface's pixel at device coordinates.
+std::uint32_t PixelOf(cairo_surface_t* image, int x, int y) {
+    const unsigned char* row =
+        cairo_image_surface_get_data(image) + y * cairo_image_surface_get_stride(image);
+    return reinterpret_cast<const std::uint32_t*>(row)[x] & 0xFFFFFFu;
+}
+
+int ChannelDistance(std::uint32_t a, std::uint32_t b) {
+    int largest = 0;
+    for (int shift = 0; shift < 24; shift += 8) {
+        const int difference = static_cast<int>((a >> shift) & 0xFF) - ((b >> shift) & 0xFF);
+        largest = std::max(largest, std::abs(difference));
+    }
+    return largest;
+}
+
+class ScaledPanel : public EditorHost, public ::testing::WithParamInterface<double> {
+protected:
+    // A host window that holds the panel at every scale, as a host sizes it after asking.
+    void SetUp() override {
+        EditorHost::SetUp();
+        driver.DestroyHostWindow(hostWindow);
+        hostWindow =
+            driver.CreateHostWindow(CRect(kHostLeft, kHostTop, kHostLeft + 1000, kHostTop + 500));
+    }
+
+    void TearDown() override {
+        EditorHost::TearDown();
+        m_scale.reset();
+        FixDeviceScale(0.0); // later tests draw at scale 1 again
+    }
+
+    void UseScale(double scale) {
+        m_scale = std::make_unique<ScopedEnv>("ZEPHYRA_SCALE", std::to_string(scale));
+    }
+
+    // Where the screen shows a layout point of the panel: the host window sits at
+    // (kHostLeft, kHostTop) in device pixels.
+    POINT Device(CPoint layoutPoint) const {
+        return {kHostLeft + ToDevice(layoutPoint.x, GetParam()),
+                kHostTop + ToDevice(layoutPoint.y, GetParam())};
+    }
+
+    // A click as a user's hand gives it, in device pixels, spaced from the last one.
+    void ClickAt(POINT at) {
+        auto& screen = *native::HeadlessPlatform::Shared();
+        screen.AdvanceClock(1000);
+        screen.MouseDown(at.x, at.y);
+        screen.MouseUp(at.x, at.y);
+        driver.Pump();
+    }
+
+    // A knob follows the pointer's angle around its centre: a drag to the right turns it
+    // a quarter clockwise from straight up.
+    void DragRight(POINT from, int devicePixels) {
+        auto& screen = *native::HeadlessPlatform::Shared();
+        screen.AdvanceClock(1000);
+        screen.MouseDown(from.x, from.y);
+        for (int step = 1; step <= devicePixels; ++step)
+            screen.MouseMove(from.x + step, from.y);
+        screen.MouseUp(from.x + devicePixels, from.y);
+        driver.Pump();
+    }
+
+    // The same panel state for every picture: a signal on the meters, an edited program.
+    void OpenWithMetersAndLamp() {
+        Open();
+        effect.setParameter(kParamGain1, 0.8f);
+        std::vector<float> left(256, 0.25f), right(256, -0.5f), out(256);
+        float* inputs[] = {left.data(), right.data()};
+        float* outputs[] = {out.data(), out.data()};
+        effect.processReplacing(inputs, outputs, 256);
+        Idle();
+    }
+
+    // A copy of the screen's pixels of the panel.
+    cairo_surface_t* Picture() {
+        cairo_surface_t* shown = driver.Snapshot(&Panel());
+        cairo_surface_t* copy =
+            cairo_image_surface_create(CAIRO_FORMAT_RGB24, cairo_image_surface_get_width(shown),
+                                       cairo_image_surface_get_height(shown));
+        cairo_t* cr = cairo_create(copy);
+        cairo_set_source_surface(cr, shown, 0, 0);
+        cairo_paint(cr);
+        cairo_destroy(cr);
+        cairo_surface_flush(copy);
+        return copy;
+    }
+
+private:
+    std::unique_ptr<ScopedEnv> m_scale;
+};
+
+TEST_P(ScaledPanel, TheHostIsGivenTheScaledSizeAndEveryControlAnswersAtItsScaledPlace) {
+    UseScale(GetParam());
+    ERect* rect = nullptr;
+    ASSERT_EQ(Dispatch(effEditGetRect, 0, 0, &rect), 1);
+    const int width = static_cast<int>(std::lround(456 * GetParam()));
+    const int height = static_cast<int>(std::lround(210 * GetParam()));
+    EXPECT_EQ(rect->right - rect->left, width);
+    EXPECT_EQ(rect->bottom - rect->top, height);
+    Open();
+    cairo_surface_t* shown = driver.Snapshot(&Panel());
+    EXPECT_EQ(cairo_image_surface_get_width(shown), width);
+    EXPECT_EQ(cairo_image_surface_get_height(shown), height);
+    CRect client;
+    Panel().GetClientRect(&client);
+    EXPECT_EQ(client, CRect(0, 0, 456, 210)) << "the panel itself keeps its layout";
+
+    // The six type switches lie 17 layout pixels apart: a click mapped wrongly lands on a
+    // neighbour or on nothing.
+    for (const SwitchLayout& typeSwitch : kTypeSwitchLayout) {
+        ClickAt(Device(CRect(typeSwitch.rect).CenterPoint()));
+        char display[16] = {};
+        effect.getParameterDisplay(typeSwitch.parameter, display);
+        EXPECT_STREQ(display, kFilterTypeWords[typeSwitch.type])
+            << "switch " << typeSwitch.id << " at scale " << GetParam();
+    }
+    const float on = effect.getParameter(kParamOnOff);
+    ClickAt(Device(CRect(kOnOffSwitchLayout.rect).CenterPoint()));
+    EXPECT_NE(effect.getParameter(kParamOnOff), on) << "the power switch";
+
+    for (const ValueControlLayout& knob : kKnobLayout) {
+        const float before = effect.getParameter(knob.parameter);
+        DragRight(Device(CRect(knob.control).CenterPoint()), 30);
+        EXPECT_GT(effect.getParameter(knob.parameter), before) << "knob " << knob.id;
+    }
+}
+
+// Wherever the panel at scale 1 shows a flat colour, the scaled panel shows the same colour
+// at the same layout place: the meters, the lamp and every picture sit where they belong.
+TEST_P(ScaledPanel, ShowsWhatScaleOneShowsAtEveryFlatPlace) {
+    OpenWithMetersAndLamp();
+    cairo_surface_t* plain = Picture();
+    Dispatch(effEditClose);
+
+    UseScale(GetParam());
+    OpenWithMetersAndLamp();
+    cairo_surface_t* scaled = Picture();
+    const double scale = GetParam();
+    int compared = 0;
+    int mismatched = 0;
+    for (int y = 1; y < 209; ++y) {
+        for (int x = 1; x < 455; ++x) {
+            const std::uint32_t colour = PixelOf(plain, x, y);
+            bool flat = true;
+            for (int dy = -1; dy <= 1 && flat; ++dy)
+                for (int dx = -1; dx <= 1 && flat; ++dx)
+                    flat = PixelOf(plain, x + dx, y + dy) == colour;
+            if (!flat)
+                continue;
+            ++compared;
+            const int deviceX = static_cast<int>((x + 0.5) * scale);
+            const int deviceY = static_cast<int>((y + 0.5) * scale);
+            if (ChannelDistance(PixelOf(scaled, deviceX, deviceY), colour) > 8)
+                ++mismatched;
+        }
+    }
+    EXPECT_GT(compared, 456 * 210 / 3);
+    EXPECT_LE(mismatched, compared / 200) << "of " << compared << " places";
+    cairo_surface_destroy(plain);
+    cairo_surface_destroy(scaled);
+}
+
+INSTANTIATE_TEST_SUITE_P(Scales, ScaledPanel, ::testing::Values(1.5, 2.0));
+
+// Counts of what tells a drawn picture from a stretched one. Sharp steps: neighbours far
+// apart in colour, which a filtered stretch blurs into two smaller steps. Detailed blocks:
+// aligned 2 x 2 blocks whose pixels differ, which a pixel-doubled picture has none of.
+int SharpSteps(cairo_surface_t* image) {
+    int steps = 0;
+    const int width = cairo_image_surface_get_width(image);
+    const int height = cairo_image_surface_get_height(image);
+    for (int y = 0; y < height; ++y) {
+        for (int x = 1; x < width; ++x) {
+            if (ChannelDistance(PixelOf(image, x - 1, y), PixelOf(image, x, y)) > 100)
+                ++steps;
+        }
+    }
+    return steps;
+}
+
+int DetailedBlocks(cairo_surface_t* image) {
+    int detailed = 0;
+    for (int y = 0; y + 1 < cairo_image_surface_get_height(image); y += 2) {
+        for (int x = 0; x + 1 < cairo_image_surface_get_width(image); x += 2) {
+            const std::uint32_t corner = PixelOf(image, x, y);
+            if (PixelOf(image, x + 1, y) != corner || PixelOf(image, x, y + 1) != corner ||
+                PixelOf(image, x + 1, y + 1) != corner)
+                ++detailed;
+        }
+    }
+    return detailed;
+}
+
+TEST_F(EditorHost, AtScaleTwoThePictureIsDrawnWithSharpEdgesNotStretched) {
+    Open();
+    const int plainSteps = SharpSteps(driver.Snapshot(&Panel()));
+    Dispatch(effEditClose);
+    {
+        ScopedEnv scale("ZEPHYRA_SCALE", "2");
+        Open();
+        cairo_surface_t* shown = driver.Snapshot(&Panel());
+        ASSERT_EQ(cairo_image_surface_get_width(shown), 912);
+        // Doubled, every step of scale 1 would show twice; drawn, its softened edges
+        // turn sharp as well.
+        EXPECT_GT(SharpSteps(shown), plainSteps * 9 / 4) << plainSteps << " at scale 1";
+        // Only the read-outs' text, drawn at run time, could give a doubled picture detail.
+        EXPECT_GT(DetailedBlocks(shown), 456 * 210 / 10);
+        Dispatch(effEditClose);
+    }
+    FixDeviceScale(0.0);
+}
+
+} // namespace
