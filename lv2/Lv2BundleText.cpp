@@ -17,6 +17,7 @@ namespace {
 constexpr char kPrefixes[] = "@prefix atom: <http://lv2plug.in/ns/ext/atom#> .\n"
                              "@prefix doap: <http://usefulinc.com/ns/doap#> .\n"
                              "@prefix lv2: <http://lv2plug.in/ns/lv2core#> .\n"
+                             "@prefix opts: <http://lv2plug.in/ns/ext/options#> .\n"
                              "@prefix pset: <http://lv2plug.in/ns/ext/presets#> .\n"
                              "@prefix rdf: <http://www.w3.org/1999/02/22-rdf-syntax-ns#> .\n"
                              "@prefix rdfs: <http://www.w3.org/2000/01/rdf-schema#> .\n"
@@ -186,7 +187,9 @@ std::string PluginText(const AZephyraProgram& bank) {
             ">\n    a ui:X11UI ;\n"
             "    lv2:requiredFeature <http://lv2plug.in/ns/ext/instance-access> , ui:parent , "
             "ui:idleInterface ;\n"
-            "    lv2:optionalFeature ui:resize , ui:touch , ui:noUserResize ;\n"
+            "    lv2:optionalFeature ui:resize , ui:touch , ui:noUserResize , opts:options , "
+            "urid:map ;\n"
+            "    opts:supportedOption ui:scaleFactor ;\n"
             "    lv2:extensionData ui:idleInterface .\n";
     return text;
 }

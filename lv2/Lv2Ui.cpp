@@ -3,13 +3,36 @@
 #include "editor/CZephyraEditor.h"
 #include "lv2/PortValue.h"
 
+#include "toolkit/DisplayScale.h"
+
+#include <lv2/atom/atom.h>
 #include <lv2/core/lv2_util.h>
 #include <lv2/instance-access/instance-access.h>
+#include <lv2/options/options.h>
+#include <lv2/urid/urid.h>
 
 namespace {
 
 bool IsParameter(int index) {
     return index >= 0 && index < kNumParams;
+}
+
+// The host's ui:scaleFactor among the options it passes, 0 when it passes none (or no
+// URID map to name it by).
+float HostScaleFactor(const LV2_Feature* const* features) {
+    const auto* map = static_cast<const LV2_URID_Map*>(lv2_features_data(features, LV2_URID__map));
+    const auto* options =
+        static_cast<const LV2_Options_Option*>(lv2_features_data(features, LV2_OPTIONS__options));
+    if (!map || !options)
+        return 0.0f;
+    const LV2_URID scaleFactor = map->map(map->handle, LV2_UI__scaleFactor);
+    const LV2_URID floatType = map->map(map->handle, LV2_ATOM__Float);
+    for (const LV2_Options_Option* option = options; option->key != 0; ++option) {
+        if (option->key == scaleFactor && option->type == floatType &&
+            option->size == sizeof(float) && option->value)
+            return *static_cast<const float*>(option->value);
+    }
+    return 0.0f;
 }
 
 } // namespace
@@ -22,6 +45,7 @@ std::unique_ptr<Lv2Ui> Lv2Ui::Create(LV2UI_Write_Function write, LV2UI_Controlle
         return nullptr;
     }
     auto* editor = dynamic_cast<CZephyraEditor*>(plugin->Effect().getEditor());
+    display_scale::RequestFromHost(HostScaleFactor(features));
     if (!editor || !editor->open(parent)) {
         return nullptr;
     }

@@ -9,10 +9,17 @@
 #include "tests/support/TempFolder.h"
 #include "toolkit/driver/CHeadlessDriver.h"
 
+#include "toolkit/DisplayScale.h"
+
+#include <lv2/atom/atom.h>
 #include <lv2/instance-access/instance-access.h>
+#include <lv2/options/options.h>
+#include <lv2/urid/urid.h>
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <string>
 #include <vector>
 
 namespace {
@@ -103,6 +110,49 @@ TEST_F(Lv2UiTest, OpensThePanelInTheHostsWindowOnlyWithInstanceAccess) {
     ui.reset();
     EXPECT_EQ(static_cast<CZephyraEditor*>(plugin.Effect().getEditor())->GetUIWindow(), nullptr)
         << "the panel goes with the user interface";
+}
+
+// URIDs numbered as first asked for, as a host's map does.
+LV2_URID MapUri(LV2_URID_Map_Handle handle, const char* uri) {
+    auto& uris = *static_cast<std::vector<std::string>*>(handle);
+    const auto found = std::find(uris.begin(), uris.end(), uri);
+    if (found != uris.end())
+        return static_cast<LV2_URID>(found - uris.begin() + 1);
+    uris.push_back(uri);
+    return static_cast<LV2_URID>(uris.size());
+}
+
+TEST_F(Lv2UiTest, TheHostsScaleFactorSizesThePanelAndTheUsersVariableOverrulesIt) {
+    std::vector<std::string> uris;
+    LV2_URID_Map map{&uris, MapUri};
+    const float scaleFactor = 2.0f;
+    const LV2_Options_Option options[] = {{LV2_OPTIONS_INSTANCE, 0,
+                                           MapUri(&uris, LV2_UI__scaleFactor), sizeof(float),
+                                           MapUri(&uris, LV2_ATOM__Float), &scaleFactor},
+                                          {LV2_OPTIONS_INSTANCE, 0, 0, 0, 0, nullptr}};
+    const LV2_Feature mapFeature{LV2_URID__map, &map};
+    const LV2_Feature optionsFeature{LV2_OPTIONS__options,
+                                     const_cast<LV2_Options_Option*>(options)};
+    parent.data = hostWindow;
+    const auto openWithOptions = [&] {
+        features.clear();
+        features = {&instanceAccess, &parent, &resize, &mapFeature, &optionsFeature};
+        features.push_back(nullptr);
+        return Lv2Ui::Create(HostLog::Write, &log, features.data());
+    };
+    std::unique_ptr<Lv2Ui> ui = openWithOptions();
+    ASSERT_NE(ui, nullptr);
+    EXPECT_EQ(log.size, std::make_pair(912, 420));
+    ui.reset();
+    {
+        ScopedEnv users("ZEPHYRA_SCALE", "1.5");
+        ui = openWithOptions();
+        EXPECT_EQ(log.size, std::make_pair(684, 315));
+        ui.reset();
+    }
+    display_scale::RequestFromHost(0.0);
+    ui = Open();
+    EXPECT_EQ(log.size, std::make_pair(456, 210)) << "a host without the option";
 }
 
 TEST_F(Lv2UiTest, AKnobDragReachesTheHostAsPortValuesInsideOneGesture) {
