@@ -58,14 +58,14 @@ cairo_surface_t* HeadlessPicture() {
     return picture;
 }
 
-TEST(EditorOnX11, TheScreenShowsWhatThePanelPaints) {
-    if (std::getenv("DISPLAY") == nullptr)
-        GTEST_SKIP() << "no X display; run under xvfb-run";
+// The command-line host's screenshot of the editor at the scale against the panel painted
+// in memory at the same scale.
+void ExpectTheScreenToShowThePanel(const char* scale) {
     TempFolder scratch;
     ScopedEnv preferences("XDG_CONFIG_HOME", scratch.Path());
     std::vector<std::string> arguments{
-        "--plugin",     ZEPHYRA_MODULE,        "editor", "--seconds", "2",
-        "--screenshot", scratch / "editor.png"};
+        "--plugin", ZEPHYRA_MODULE, "editor",       "--seconds",           "2",
+        "--scale",  scale,          "--screenshot", scratch / "editor.png"};
     for (const Setting& setting : kSettings) {
         arguments.push_back("--set");
         arguments.push_back(std::string(setting.name) + "=" + std::to_string(setting.normalised) +
@@ -76,9 +76,11 @@ TEST(EditorOnX11, TheScreenShowsWhatThePanelPaints) {
 
     cairo_surface_t* screen = cairo_image_surface_create_from_png((scratch / "editor.png").c_str());
     ASSERT_EQ(cairo_surface_status(screen), CAIRO_STATUS_SUCCESS);
+    ScopedEnv panelScale("ZEPHYRA_SCALE", scale);
     cairo_surface_t* panel = HeadlessPicture();
     const int width = cairo_image_surface_get_width(panel);
     const int height = cairo_image_surface_get_height(panel);
+    EXPECT_EQ(width, static_cast<int>(456 * std::stod(scale))) << "the panel drawn at the scale";
     ASSERT_EQ(cairo_image_surface_get_width(screen), width) << "the window took the editor's size";
     ASSERT_EQ(cairo_image_surface_get_height(screen), height);
 
@@ -90,6 +92,18 @@ TEST(EditorOnX11, TheScreenShowsWhatThePanelPaints) {
     EXPECT_EQ(differences, 0);
     cairo_surface_destroy(panel);
     cairo_surface_destroy(screen);
+}
+
+TEST(EditorOnX11, TheScreenShowsWhatThePanelPaints) {
+    if (std::getenv("DISPLAY") == nullptr)
+        GTEST_SKIP() << "no X display; run under xvfb-run";
+    ExpectTheScreenToShowThePanel("1");
+}
+
+TEST(EditorOnX11, AtScaleTwoTheWindowIsTwiceAsLargeAndShowsThePanelDrawnForIt) {
+    if (std::getenv("DISPLAY") == nullptr)
+        GTEST_SKIP() << "no X display; run under xvfb-run";
+    ExpectTheScreenToShowThePanel("2");
 }
 
 } // namespace
