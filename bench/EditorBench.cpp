@@ -67,6 +67,19 @@ void MeterTick(benchmark::State& state) {
     }
 }
 
+// Opening the editor as a host does, up to its first paint: the pictures for the scale
+// decoded, the windows made, the panel drawn.
+void OpenEditor(benchmark::State& state) {
+    EditorSession session;
+    for (auto _ : state) {
+        session.OpenEditor(*g_screen);
+        session.Idle();
+        state.PauseTiming();
+        session.CloseEditor();
+        state.ResumeTiming();
+    }
+}
+
 // No audio, the meters at rest: an idle call that finds nothing to do.
 void QuietIdle(benchmark::State& state) {
     EditorSession session;
@@ -195,7 +208,8 @@ int main(int argc, char** argv) {
     };
     for (const auto& [name, function] : {std::pair{"full_repaint", FullRepaint},
                                          {"meter_tick", MeterTick},
-                                         {"quiet_idle", QuietIdle}}) {
+                                         {"quiet_idle", QuietIdle},
+                                         {"open_editor", OpenEditor}}) {
         benchmark::RegisterBenchmark(name, function)
             ->Repetitions(7)
             ->ReportAggregatesOnly(true)
@@ -223,7 +237,7 @@ int main(int argc, char** argv) {
     }
 
     std::printf("\n");
-    for (const char* name : {"full_repaint", "meter_tick", "quiet_idle"})
+    for (const char* name : {"full_repaint", "meter_tick", "quiet_idle", "open_editor"})
         PrintSummary((std::string(name) + "_ms").c_str(), reporter.fastestMs[name]);
     PrintSummary("core_share_editor_closed_music", closedShare);
     PrintSummary("core_share_editor_open_silence", silentShare);

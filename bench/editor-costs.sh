@@ -1,6 +1,7 @@
 #!/bin/sh
 # Runs the editor bench on the in-memory screen and on an X server (the one of DISPLAY, or
-# a virtual one when there is none) and prints the README's table of editor costs.
+# a virtual one when there is none) and prints the README's table of editor costs. The
+# editor's scale follows ZEPHYRA_SCALE, as the plug-in's does.
 #   bench/editor-costs.sh [build folder] [seconds per load measurement]
 set -eu
 build=${1:-build}
@@ -41,11 +42,13 @@ awk '
         label["full_repaint_ms"] = "full repaint of the panel (effEditDraw)"
         label["meter_tick_ms"] = "meter tick: four meters moved and drawn"
         label["quiet_idle_ms"] = "idle call with nothing to draw"
+        label["open_editor_ms"] = "opening the editor, up to its first paint"
         print "| measurement | in memory | X server (Xvfb) | target |"
         print "|---|---:|---:|---:|"
         us("full_repaint_ms"); print " under 2000 µs |"
         us("meter_tick_ms"); print " under 200 µs |"
         us("quiet_idle_ms"); print " |"
+        us("open_editor_ms"); print " |"
         editorShare("core_share_editor_open_silence", \
             "one core taken by an open editor, silence (meters at rest)", "under 1 %")
         editorShare("core_share_editor_open_music", \
