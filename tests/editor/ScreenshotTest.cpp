@@ -100,9 +100,10 @@ TEST(EditorOnX11, TheScreenShowsWhatThePanelPaints) {
     ExpectTheScreenToShowThePanel("1");
 }
 
-TEST(EditorOnX11, AtScaleTwoTheWindowIsTwiceAsLargeAndShowsThePanelDrawnForIt) {
+TEST(EditorOnX11, AtScalesOneAndAHalfAndTwoTheWindowShowsThePanelDrawnForThem) {
     if (std::getenv("DISPLAY") == nullptr)
         GTEST_SKIP() << "no X display; run under xvfb-run";
+    ExpectTheScreenToShowThePanel("1.5");
     ExpectTheScreenToShowThePanel("2");
 }
 

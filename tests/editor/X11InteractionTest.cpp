@@ -12,6 +12,7 @@
 
 #include <chrono>
 #include <future>
+#include <string>
 #include <thread>
 
 namespace {
@@ -29,14 +30,15 @@ void CloseWindow(unsigned long window) {
     XCloseDisplay(display);
 }
 
-TEST(EditorOnX11, MouseAndKeyboardCopyEditAndSaveAProgram) {
-    if (const char* missing = MissingDesktop())
-        GTEST_SKIP() << missing;
+// The same user's work on the editor drawn at the scale: every position is the panel's
+// layout position times the scale.
+void CopyEditAndSaveAProgram(int scale) {
     TempFolder scratch;
     ScopedEnv preferences("XDG_CONFIG_HOME", scratch.Path());
     // The command-line host shows the editor until its window is closed (a minute at most).
-    auto editor = std::async(std::launch::async, [] {
-        return runZephyra({"--plugin", ZEPHYRA_MODULE, "editor", "--seconds", "60"});
+    auto editor = std::async(std::launch::async, [scale] {
+        return runZephyra({"--plugin", ZEPHYRA_MODULE, "editor", "--seconds", "60", "--scale",
+                           std::to_string(scale)});
     });
     const std::string window = FindWindowTitled("Zephyra");
     ASSERT_FALSE(window.empty()) << "the editor's window came";
@@ -49,19 +51,22 @@ TEST(EditorOnX11, MouseAndKeyboardCopyEditAndSaveAProgram) {
         std::this_thread::sleep_for(std::chrono::milliseconds(800));
         return done;
     };
-    const std::string at = "mousemove --window " + window + " ";
+    const auto at = [&window, scale](int x, int y) {
+        return "mousemove --window " + window + " " + std::to_string(x * scale) + " " +
+               std::to_string(y * scale) + " ";
+    };
     // Copy: the button opens the menu; from its top, the keys pass the current program.
-    ASSERT_TRUE(step(at + "73 19 click 1"));
+    ASSERT_TRUE(step(at(73, 19) + "click 1"));
     ASSERT_TRUE(step("key Home Down Return"));
     // Band 2's gain knob: pressed at its left, turned over the top to its right.
-    ASSERT_TRUE(step(at + "172 155 mousedown 1 sleep 0.1 " + at + "189 138 sleep 0.1 " + at +
-                     "205 155 sleep 0.1 mouseup 1"));
+    ASSERT_TRUE(step(at(172, 155) + "mousedown 1 sleep 0.1 " + at(189, 138) + "sleep 0.1 " +
+                     at(205, 155) + "sleep 0.1 mouseup 1"));
     // Band 1's Q typed over its read-out.
-    ASSERT_TRUE(step(at + "331 99 click 1"));
+    ASSERT_TRUE(step(at(331, 99) + "click 1"));
     ASSERT_TRUE(step("type 2.5"));
     ASSERT_TRUE(step("key Return"));
     // Save into the sixth slot under a new name.
-    ASSERT_TRUE(step(at + "286 19 click 1"));
+    ASSERT_TRUE(step(at(286, 19) + "click 1"));
     ASSERT_FALSE(FindWindowTitled("Save Program").empty()) << "the save button opened the dialog";
     ASSERT_TRUE(step("key Down Down Down Down Down Tab"));
     ASSERT_TRUE(step("type 'X11 Saved'"));
@@ -85,6 +90,18 @@ TEST(EditorOnX11, MouseAndKeyboardCopyEditAndSaveAProgram) {
         else
             EXPECT_FLOAT_EQ(record.param[index], copied.param[index]) << "copied: " << index;
     }
+}
+
+TEST(EditorOnX11, MouseAndKeyboardCopyEditAndSaveAProgram) {
+    if (const char* missing = MissingDesktop())
+        GTEST_SKIP() << missing;
+    CopyEditAndSaveAProgram(1);
+}
+
+TEST(EditorOnX11, AtScaleTwoTheSameWorkAtTwiceThePositionsDoesTheSame) {
+    if (const char* missing = MissingDesktop())
+        GTEST_SKIP() << missing;
+    CopyEditAndSaveAProgram(2);
 }
 
 } // namespace
