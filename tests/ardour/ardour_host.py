@@ -23,7 +23,7 @@ import tempfile
 import xml.etree.ElementTree as ElementTree
 
 sys.path.insert(0, os.path.join(os.path.dirname(os.path.abspath(__file__)), "..", "support"))
-from hostcheck import Failure, check, float32  # noqa: E402
+from hostcheck import Failure, check, float32, float_samples  # noqa: E402
 
 HERE = os.path.dirname(os.path.abspath(__file__))
 RATE = 48000
@@ -53,27 +53,6 @@ LV2_PRESET_PROGRAM = 1
 
 def four_character_code(text):
     return struct.unpack(">i", text.encode("ascii"))[0]
-
-
-def wav_chunks(path):
-    """The RIFF chunks of a WAV file by id (read directly: no audio library needed)."""
-    with open(path, "rb") as file:
-        data = file.read()
-    check(data[:4] == b"RIFF" and data[8:12] == b"WAVE", path + " is not a WAV file")
-    chunks, position = {}, 12
-    while position + 8 <= len(data):
-        identifier = data[position:position + 4]
-        size = struct.unpack("<I", data[position + 4:position + 8])[0]
-        chunks[identifier] = data[position + 8:position + 8 + size]
-        position += 8 + size + (size & 1)
-    return chunks
-
-
-def float_samples(path):
-    """The format tag, channels, rate and bits of a WAV file, and its sample bytes."""
-    chunks = wav_chunks(path)
-    tag, channels, rate, _, _, bits = struct.unpack("<HHIIHH", chunks[b"fmt "][:16])
-    return (tag, channels, rate, bits), chunks[b"data"]
 
 
 def write_test_signal(folder):

@@ -18,7 +18,7 @@ import tempfile
 import time
 
 sys.path.insert(0, os.path.join(os.path.dirname(os.path.abspath(__file__)), "..", "support"))
-from hostcheck import Failure, check  # noqa: E402
+from hostcheck import Failure, check, start_jack_server, stop  # noqa: E402
 
 # Panel coordinates (editor/PanelGeometry.h): band 1's gain knob spans x 172..206 at
 # y 54..88; a press on its left edge sets 0.2 of its range. The save button's centre.
@@ -70,10 +70,7 @@ def main():
         env = dict(os.environ, HOME=folder, XDG_CONFIG_HOME=config, LV2_PATH=bundles,
                    JACK_DEFAULT_SERVER=server, JACK_NO_AUDIO_RESERVATION="1")
         log = open(os.path.join(folder, "hosts.log"), "w")
-        processes.append(subprocess.Popen(
-            ["jackd", "-n", server, "-d", "dummy", "-r", "48000", "-p", "256"],
-            env=env, stdout=log, stderr=log))
-        time.sleep(1.5)
+        processes.append(start_jack_server(server, env, log))
         processes.append(subprocess.Popen(["jalv.gtk3", "urn:zephyra:equalizer"], env=env,
                                           stdout=log, stderr=log))
         panel = wait_for("the panel's window", panel_window)
@@ -104,12 +101,7 @@ def main():
         print(open(os.path.join(folder, "hosts.log")).read()[-3000:])
         return 1
     finally:
-        for process in reversed(processes):
-            process.terminate()
-            try:
-                process.wait(timeout=10)
-            except subprocess.TimeoutExpired:
-                process.kill()
+        stop(processes)
         shutil.rmtree(folder, ignore_errors=True)
     print("ok")
     return 0
