@@ -30,6 +30,7 @@ Command renderCommand();
 Command plotCommand();
 Command benchCommand();
 Command editorCommand();
+Command liveCommand();
 
 // The options of the commands that process audio: settings, block size and precision.
 std::vector<OptionDefinition> processingOptions();

@@ -1,5 +1,5 @@
 #include "tools/Commands.h"
-#include "tools/EditorWindow.h"
+#include "tools/HostedEditor.h"
 #include "tools/PendingOutput.h"
 #include "tools/PluginInstance.h"
 #include "tools/PluginSettings.h"
@@ -17,51 +17,8 @@ namespace {
 constexpr double kSampleRate = 48000.0;
 constexpr int kBlockSize = 512;
 constexpr auto kIdlePeriod = std::chrono::milliseconds(33); // about 30 Hz, as hosts idle
-constexpr int kFallbackWidth = 400;
-constexpr int kFallbackHeight = 300;
 constexpr double kSmallestScale = 1.0;
 constexpr double kLargestScale = 4.0;
-
-// The editor's size, asked before and again after opening: some editors know it only then.
-bool editorSize(const PluginInstance& plugin, int& width, int& height) {
-    ERect* rectangle = nullptr;
-    plugin.dispatch(effEditGetRect, 0, 0, &rectangle);
-    if (rectangle == nullptr || rectangle->right <= rectangle->left ||
-        rectangle->bottom <= rectangle->top) {
-        return false;
-    }
-    width = rectangle->right - rectangle->left;
-    height = rectangle->bottom - rectangle->top;
-    return true;
-}
-
-// An editor open inside the host's window. It is closed before the window goes, on every
-// path out, since the plug-in's own window is a child of it.
-class EditorSession {
-public:
-    EditorSession(PluginInstance& plugin, EditorWindow& window) : plugin(plugin) {
-        plugin.host().resizeWindow = [&window](int width, int height) {
-            window.resize(width, height);
-            return true;
-        };
-        int width = 0;
-        int height = 0;
-        if (plugin.dispatch(effEditOpen, 0, 0, reinterpret_cast<void*>(window.id())) == 0 &&
-            !editorSize(plugin, width, height)) {
-            plugin.host().resizeWindow = nullptr;
-            throw ToolError("the plug-in did not open its editor");
-        }
-    }
-    ~EditorSession() {
-        plugin.dispatch(effEditClose);
-        plugin.host().resizeWindow = nullptr;
-    }
-    EditorSession(const EditorSession&) = delete;
-    EditorSession& operator=(const EditorSession&) = delete;
-
-private:
-    PluginInstance& plugin;
-};
 
 int runEditor(const CommandLine& commandLine, const ToolContext& context) {
     if (!commandLine.positionals().empty()) {
@@ -88,31 +45,20 @@ int runEditor(const CommandLine& commandLine, const ToolContext& context) {
     if (name.empty()) {
         name = plugin.module().path();
     }
-    if (!plugin.hasFlag(effFlagsHasEditor)) {
-        throw ToolError(name + " has no editor");
-    }
-
-    int width = kFallbackWidth;
-    int height = kFallbackHeight;
-    editorSize(plugin, width, height);
-    EditorWindow window(width, height, name);
-    EditorSession session(plugin, window);
-    if (editorSize(plugin, width, height)) {
-        window.resize(width, height);
-    }
+    HostedEditor editor(plugin, name);
 
     const auto start = std::chrono::steady_clock::now();
     const auto elapsed = [&start] {
         return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
     };
-    while (window.handleEvents() && (!timed || elapsed() < seconds)) {
-        plugin.dispatch(effEditIdle);
+    while (editor.handleEvents() && (!timed || elapsed() < seconds)) {
+        editor.idle();
         std::this_thread::sleep_for(kIdlePeriod);
     }
-    plugin.dispatch(effEditIdle);
+    editor.idle();
 
     if (screenshot) {
-        writePng(window.capture().get(), *screenshot);
+        writePng(editor.capture().get(), *screenshot);
         screenshot->commit();
         std::fprintf(results(), "wrote %s\n", screenshot->path().c_str());
     }

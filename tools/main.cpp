@@ -15,7 +15,8 @@ constexpr int kExitFailure = 1;
 constexpr int kExitUsage = 2;
 
 std::vector<Command> allCommands() {
-    return {infoCommand(), renderCommand(), plotCommand(), benchCommand(), editorCommand()};
+    return {infoCommand(),  renderCommand(), plotCommand(),
+            benchCommand(), editorCommand(), liveCommand()};
 }
 
 void printOptions(std::FILE* out, const std::vector<OptionDefinition>& options) {
