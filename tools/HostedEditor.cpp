@@ -8,18 +8,6 @@ namespace {
 constexpr int kFallbackWidth = 400;
 constexpr int kFallbackHeight = 300;
 
-bool editorSize(const PluginInstance& plugin, int& width, int& height) {
-    ERect* rectangle = nullptr;
-    plugin.dispatch(effEditGetRect, 0, 0, &rectangle);
-    if (rectangle == nullptr || rectangle->right <= rectangle->left ||
-        rectangle->bottom <= rectangle->top) {
-        return false;
-    }
-    width = rectangle->right - rectangle->left;
-    height = rectangle->bottom - rectangle->top;
-    return true;
-}
-
 // The size the window starts at: the editor's own, asked before it opens.
 struct InitialSize {
     int width = kFallbackWidth;
@@ -33,6 +21,18 @@ struct InitialSize {
 };
 
 } // namespace
+
+bool editorSize(const PluginInstance& plugin, int& width, int& height) {
+    ERect* rectangle = nullptr;
+    plugin.dispatch(effEditGetRect, 0, 0, &rectangle);
+    if (rectangle == nullptr || rectangle->right <= rectangle->left ||
+        rectangle->bottom <= rectangle->top) {
+        return false;
+    }
+    width = rectangle->right - rectangle->left;
+    height = rectangle->bottom - rectangle->top;
+    return true;
+}
 
 HostedEditor::HostedEditor(PluginInstance& plugin, const std::string& title)
     : plugin(plugin), window([&] {

@@ -9,6 +9,10 @@
 
 class PluginInstance;
 
+// The editor's size as the plug-in tells it; false, and the sizes untouched, when it
+// cannot say.
+bool editorSize(const PluginInstance& plugin, int& width, int& height);
+
 class HostedEditor {
 public:
     // Throws ToolError when the plug-in has no editor, there is no X display, or the

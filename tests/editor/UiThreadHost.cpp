@@ -1,6 +1,7 @@
 #include "tests/editor/UiThreadHost.h"
 
 #include "tools/EditorWindow.h"
+#include "tools/HostedEditor.h"
 
 #include <X11/Xlib.h>
 
@@ -11,15 +12,6 @@ namespace {
 
 constexpr double kSampleRate = 48000.0;
 constexpr int kBlockSize = 512;
-
-// The editor's size as it tells it before opening; 400 × 300 when it cannot say.
-void EditorSize(const PluginInstance& plugin, int& width, int& height) {
-    ERect* rect = nullptr;
-    plugin.dispatch(effEditGetRect, 0, 0, &rect);
-    const bool told = rect != nullptr && rect->right > rect->left && rect->bottom > rect->top;
-    width = told ? rect->right - rect->left : 400;
-    height = told ? rect->bottom - rect->top : 300;
-}
 
 } // namespace
 
@@ -95,8 +87,8 @@ void UiThreadHost::Run() {
     try {
         PluginInstance plugin(PluginModule::load(m_modulePath), kSampleRate, kBlockSize);
         plugin.resume();
-        int width = 0, height = 0;
-        EditorSize(plugin, width, height);
+        int width = 400, height = 300; // when the editor cannot say
+        editorSize(plugin, width, height);
         EditorWindow window(width, height, "Zephyra under a UI thread");
         plugin.host().resizeWindow = [&window](int newWidth, int newHeight) {
             window.resize(newWidth, newHeight);
