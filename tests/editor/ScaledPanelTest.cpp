@@ -11,6 +11,12 @@
 
 namespace {
 
+// What the screen shows of a window, released when it goes.
+using Picture = std::unique_ptr<cairo_surface_t, void (*)(cairo_surface_t*)>;
+Picture Shown(CHeadlessDriver& driver, const CWnd* window) {
+    return Picture(driver.Snapshot(window), cairo_surface_destroy);
+}
+
 // 0xRRGGBB of an image surface's pixel at device coordinates.
 std::uint32_t PixelOf(cairo_surface_t* image, int x, int y) {
     const unsigned char* row =
@@ -86,20 +92,6 @@ protected:
         Idle();
     }
 
-    // A copy of the screen's pixels of the panel.
-    cairo_surface_t* Picture() {
-        cairo_surface_t* shown = driver.Snapshot(&Panel());
-        cairo_surface_t* copy =
-            cairo_image_surface_create(CAIRO_FORMAT_RGB24, cairo_image_surface_get_width(shown),
-                                       cairo_image_surface_get_height(shown));
-        cairo_t* cr = cairo_create(copy);
-        cairo_set_source_surface(cr, shown, 0, 0);
-        cairo_paint(cr);
-        cairo_destroy(cr);
-        cairo_surface_flush(copy);
-        return copy;
-    }
-
 private:
     std::unique_ptr<ScopedEnv> m_scale;
 };
@@ -113,9 +105,9 @@ TEST_P(ScaledPanel, TheHostIsGivenTheScaledSizeAndEveryControlAnswersAtItsScaled
     EXPECT_EQ(rect->right - rect->left, width);
     EXPECT_EQ(rect->bottom - rect->top, height);
     Open();
-    cairo_surface_t* shown = driver.Snapshot(&Panel());
-    EXPECT_EQ(cairo_image_surface_get_width(shown), width);
-    EXPECT_EQ(cairo_image_surface_get_height(shown), height);
+    const Picture shown = Shown(driver, &Panel());
+    EXPECT_EQ(cairo_image_surface_get_width(shown.get()), width);
+    EXPECT_EQ(cairo_image_surface_get_height(shown.get()), height);
     CRect client;
     Panel().GetClientRect(&client);
     EXPECT_EQ(client, CRect(0, 0, 456, 210)) << "the panel itself keeps its layout";
@@ -144,35 +136,33 @@ TEST_P(ScaledPanel, TheHostIsGivenTheScaledSizeAndEveryControlAnswersAtItsScaled
 // at the same layout place: the meters, the lamp and every picture sit where they belong.
 TEST_P(ScaledPanel, ShowsWhatScaleOneShowsAtEveryFlatPlace) {
     OpenWithMetersAndLamp();
-    cairo_surface_t* plain = Picture();
+    const Picture plain = Shown(driver, &Panel());
     Dispatch(effEditClose);
 
     UseScale(GetParam());
     OpenWithMetersAndLamp();
-    cairo_surface_t* scaled = Picture();
+    const Picture scaled = Shown(driver, &Panel());
     const double scale = GetParam();
     int compared = 0;
     int mismatched = 0;
     for (int y = 1; y < 209; ++y) {
         for (int x = 1; x < 455; ++x) {
-            const std::uint32_t colour = PixelOf(plain, x, y);
+            const std::uint32_t colour = PixelOf(plain.get(), x, y);
             bool flat = true;
             for (int dy = -1; dy <= 1 && flat; ++dy)
                 for (int dx = -1; dx <= 1 && flat; ++dx)
-                    flat = PixelOf(plain, x + dx, y + dy) == colour;
+                    flat = PixelOf(plain.get(), x + dx, y + dy) == colour;
             if (!flat)
                 continue;
             ++compared;
             const int deviceX = static_cast<int>((x + 0.5) * scale);
             const int deviceY = static_cast<int>((y + 0.5) * scale);
-            if (ChannelDistance(PixelOf(scaled, deviceX, deviceY), colour) > 8)
+            if (ChannelDistance(PixelOf(scaled.get(), deviceX, deviceY), colour) > 8)
                 ++mismatched;
         }
     }
     EXPECT_GT(compared, 456 * 210 / 3);
     EXPECT_LE(mismatched, compared / 200) << "of " << compared << " places";
-    cairo_surface_destroy(plain);
-    cairo_surface_destroy(scaled);
 }
 
 INSTANTIATE_TEST_SUITE_P(Scales, ScaledPanel, ::testing::Values(1.5, 2.0));
@@ -208,18 +198,18 @@ int DetailedBlocks(cairo_surface_t* image) {
 
 TEST_F(EditorHost, AtScaleTwoThePictureIsDrawnWithSharpEdgesNotStretched) {
     Open();
-    const int plainSteps = SharpSteps(driver.Snapshot(&Panel()));
+    const int plainSteps = SharpSteps(Shown(driver, &Panel()).get());
     Dispatch(effEditClose);
     {
         ScopedEnv scale("ZEPHYRA_SCALE", "2");
         Open();
-        cairo_surface_t* shown = driver.Snapshot(&Panel());
-        ASSERT_EQ(cairo_image_surface_get_width(shown), 912);
+        const Picture shown = Shown(driver, &Panel());
+        ASSERT_EQ(cairo_image_surface_get_width(shown.get()), 912);
         // Doubled, every step of scale 1 would show twice; drawn, its softened edges
         // turn sharp as well.
-        EXPECT_GT(SharpSteps(shown), plainSteps * 9 / 4) << plainSteps << " at scale 1";
+        EXPECT_GT(SharpSteps(shown.get()), plainSteps * 9 / 4) << plainSteps << " at scale 1";
         // Only the read-outs' text, drawn at run time, could give a doubled picture detail.
-        EXPECT_GT(DetailedBlocks(shown), 456 * 210 / 10);
+        EXPECT_GT(DetailedBlocks(shown.get()), 456 * 210 / 10);
         Dispatch(effEditClose);
     }
     FixDeviceScale(0.0);
