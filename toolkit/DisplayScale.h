@@ -1,8 +1,8 @@
 // How many device pixels one layout pixel of the editor takes. Everything above the native
 // layer works in layout pixels (the panel's rectangles, hit tests, meter positions); the
 // views map them to device pixels at the native boundary (MFCView0) and the bitmap loader
-// picks artwork drawn for the scale. The scale is chosen when an editor is made and stays
-// fixed while it is open.
+// picks artwork drawn for the scale. The scale is chosen when the host asks an editor's
+// size or opens it, and stays fixed while the editor is open.
 #pragma once
 
 namespace display_scale {
