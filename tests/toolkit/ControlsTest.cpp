@@ -1,3 +1,5 @@
+// The edit field, spin button and drop-down list under keys and clicks: their text, caret,
+// limits, positions and the notifications their parent receives.
 #include "tests/toolkit/HostFixture.h"
 #include "toolkit/CComboBox.h"
 #include "toolkit/CEdit.h"
@@ -10,23 +12,9 @@
 
 #include <gtest/gtest.h>
 
-#include <cstdlib>
-
 namespace {
 
 constexpr UINT kField = 18001, kSpin = 18000, kList = 1120;
-
-// A field whose text is a value scaled by ten, the way the editor's entry fields report it.
-class ScaledEdit : public CEdit {
-public:
-    int GetWindowText(char* buffer, int maxCount) const override {
-        CString shown;
-        CEdit::GetWindowText(shown);
-        return std::snprintf(buffer, static_cast<size_t>(maxCount), "%d",
-                             static_cast<int>(std::atof(shown) * 10));
-    }
-    using CEdit::GetWindowText;
-};
 
 // A field in the window, which takes the controls' notifications.
 class ControlsTest : public WindowFixture<> {
@@ -181,26 +169,6 @@ TEST_F(SpinTest, WrapStyleGoesRound) {
         positions.push_back(wrapping.GetPos());
     }
     EXPECT_EQ(positions, (std::vector<int>{0, 3}));
-}
-
-TEST_F(SpinTest, BuddyArrowKeysStepTheSpin) {
-    spin.SetPos(0);
-    field.SetFocus();
-    driver.Key(kKeyUp, kCharUp);
-    driver.Key(kKeyUp, kCharUp);
-    driver.Key(kKeyDown, kCharDown);
-    EXPECT_EQ(spin.GetPos(), 1);
-    EXPECT_EQ(Text(), "1");
-}
-
-TEST_F(SpinTest, NotifyReadsTheFieldsOwnNotionOfItsValue) {
-    ScaledEdit scaled;
-    ASSERT_TRUE(scaled.Create(WS_CHILD | WS_VISIBLE, CRect(0, 40, 80, 64), &wnd, 2));
-    spin.SetRange32(-1000, 1000);
-    spin.SetBuddy(&scaled);
-    scaled.SetTextForSpin("12.3");
-    scaled.NotifySpinButton();
-    EXPECT_EQ(spin.GetPos(), 123);
 }
 
 TEST_F(SpinTest, HeldArrowRepeats) {

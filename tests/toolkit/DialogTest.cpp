@@ -1,3 +1,5 @@
+// Modal dialogs laid out in code: how they end and report, their owner, focus and Tab, the
+// traces a host log shows, menus over them and message boxes.
 #include "tests/toolkit/HostFixture.h"
 #include "toolkit/AfxMessageBox.h"
 #include "toolkit/CButton.h"
@@ -11,7 +13,8 @@
 #include "toolkit/platform/KeyCodes.h"
 
 #include <gtest/gtest.h>
-#include <memory>
+
+#include <functional>
 
 namespace {
 
@@ -39,7 +42,6 @@ public:
     CComboBox list;
     int chosen = -2;
     CString name;
-    int selectionChanges = 0;
     bool ownerDisabledDuringInit = false;
     CWnd* owner;
 
@@ -63,18 +65,7 @@ public:
         GetDlgItemText(kName, name);
         CDialog::OnOK();
     }
-    void OnSelectionChanged() {
-        ++selectionChanges;
-        CString entry;
-        list.GetLBText(list.GetCurSel(), entry);
-        SetDlgItemText(kName, entry);
-    }
-    DECLARE_MESSAGE_MAP()
 };
-
-BEGIN_MESSAGE_MAP(SaveDialog, CDialog)
-ON_CBN_SELCHANGE(kList, OnSelectionChanged)
-END_MESSAGE_MAP()
 
 // Takes any command of the program range, wherever it comes from.
 class CommandTarget : public RecordingWnd {
@@ -92,10 +83,9 @@ END_MESSAGE_MAP()
 class DialogTest : public WindowFixture<> {
 protected:
     // Starts the dialog; it is running once the call has returned.
-    void Start(SaveDialog& shown) {
-        ASSERT_EQ(shown.DoModal([this](int result) { results.push_back(result); }), 0);
+    void Start() {
+        ASSERT_EQ(dialog.DoModal([this](int result) { results.push_back(result); }), 0);
     }
-    void Start() { Start(dialog); }
     // What the dialogs reported once the pump has run.
     std::vector<int> Ended() {
         driver.Pump();
@@ -107,40 +97,44 @@ protected:
     std::vector<int> results;
 };
 
-TEST_F(DialogTest, OkButtonEndsWithIdOkAfterReadingTheControls) {
-    Start();
-    EXPECT_NE(dialog.GetSafeHwnd(), nullptr) << "running after DoModal has returned";
-    driver.Click(Item(IDOK), CPoint(10, 10));
-    EXPECT_TRUE(results.empty()) << "told only after the handler has returned";
-    EXPECT_EQ(Ended(), std::vector<int>{IDOK});
-    EXPECT_EQ(dialog.chosen, 1);
+// Whatever ends it, the dialog runs once DoModal has returned, reports once after the handler
+// has returned, and is gone once it has reported; only OK reads the controls. Return presses
+// the focused button, OK when none has the focus.
+TEST_F(DialogTest, EachWayOfEndingReportsItsResultOnce) {
+    const struct {
+        const char* how;
+        std::function<void()> end;
+        int result;
+    } cases[] = {
+        {"the OK button", [&] { driver.Click(Item(IDOK), CPoint(10, 10)); }, IDOK},
+        {"Return, then Escape",
+         [&] {
+             driver.Key(kKeyReturn, kCharReturn);
+             driver.Key(kKeyEscape, kCharEscape);
+         },
+         IDOK},
+        {"the Cancel button", [&] { driver.Click(Item(IDCANCEL), CPoint(10, 10)); }, IDCANCEL},
+        {"the close box", [&] { driver.Click(&dialog, CPoint(306, 14)); }, IDCANCEL},
+        {"Escape", [&] { driver.Key(kKeyEscape, kCharEscape); }, IDCANCEL},
+        {"Return on the focused Cancel button",
+         [&] {
+             Item(IDCANCEL)->SetFocus();
+             driver.Key(kKeyReturn, kCharReturn);
+         },
+         IDCANCEL},
+    };
+    for (const auto& c : cases) {
+        results.clear();
+        dialog.chosen = -2;
+        Start();
+        EXPECT_NE(dialog.GetSafeHwnd(), nullptr) << c.how;
+        c.end();
+        EXPECT_TRUE(results.empty()) << c.how;
+        EXPECT_EQ(Ended(), std::vector<int>{c.result}) << c.how;
+        EXPECT_EQ(dialog.chosen, c.result == IDOK ? 1 : -2) << c.how;
+        EXPECT_EQ(dialog.GetSafeHwnd(), nullptr) << c.how;
+    }
     EXPECT_EQ(dialog.name, "initial");
-    EXPECT_EQ(dialog.GetSafeHwnd(), nullptr) << "the dialog is gone once it has reported";
-}
-
-TEST_F(DialogTest, CancelButtonCloseBoxAndEscapeEndWithoutOnOk) {
-    Start();
-    driver.Click(Item(IDCANCEL), CPoint(10, 10));
-    EXPECT_EQ(Ended(), std::vector<int>{IDCANCEL});
-    Start();
-    driver.Click(&dialog, CPoint(306, 14));
-    EXPECT_EQ(Ended(), (std::vector<int>{IDCANCEL, IDCANCEL}));
-    Start();
-    driver.Key(kKeyEscape, kCharEscape);
-    EXPECT_EQ(Ended(), (std::vector<int>{IDCANCEL, IDCANCEL, IDCANCEL}));
-    EXPECT_EQ(dialog.chosen, -2);
-}
-
-// Return presses the focused button, OK when none has the focus; an end is reported once.
-TEST_F(DialogTest, ReturnPressesTheFocusedButtonOrOk) {
-    Start();
-    driver.Key(kKeyReturn, kCharReturn);
-    driver.Key(kKeyEscape, kCharEscape);
-    EXPECT_EQ(Ended(), std::vector<int>{IDOK});
-    Start();
-    Item(IDCANCEL)->SetFocus();
-    driver.Key(kKeyReturn, kCharReturn);
-    EXPECT_EQ(Ended(), (std::vector<int>{IDOK, IDCANCEL}));
 }
 
 TEST_F(DialogTest, OwnerIsDisabledOnlyWhileTheDialogRuns) {
@@ -151,32 +145,6 @@ TEST_F(DialogTest, OwnerIsDisabledOnlyWhileTheDialogRuns) {
     EXPECT_TRUE(dialog.ownerDisabledDuringInit);
     EXPECT_TRUE(wnd.Only(WM_LBUTTONDOWN).empty()) << "clicks on the owner are dropped";
     EXPECT_TRUE(wnd.IsWindowEnabled());
-}
-
-// The editor closing while its dialog is open: the dialog goes without reporting, and its
-// owner is not touched once it has gone.
-TEST_F(DialogTest, DestroyedWhileRunningReportsNothing) {
-    auto running = std::make_unique<SaveDialog>(&wnd);
-    Start(*running);
-    driver.Key(kKeyReturn, kCharReturn);
-    running.reset();
-    EXPECT_TRUE(Ended().empty());
-    EXPECT_TRUE(wnd.IsWindowEnabled());
-}
-
-TEST_F(DialogTest, ChoosingFromTheBoundListNotifiesTheDialog) {
-    Start();
-    EXPECT_EQ(Item(kList), &dialog.list);
-    driver.Click(&dialog.list, CPoint(20, 10));
-    PopupListWnd* open = PopupListWnd::Active();
-    ASSERT_NE(open, nullptr);
-    driver.Click(open, open->ItemRect(2).CenterPoint());
-    driver.Pump();
-    EXPECT_EQ(dialog.selectionChanges, 1);
-    driver.Click(Item(IDOK), CPoint(10, 10));
-    EXPECT_EQ(Ended(), std::vector<int>{IDOK});
-    EXPECT_EQ(dialog.chosen, 2);
-    EXPECT_EQ(dialog.name, "3:Program 3") << "the handler replaced the typed name";
 }
 
 TEST_F(DialogTest, TabMovesBetweenControlsAndTypingGoesToTheField) {
@@ -247,7 +215,8 @@ TEST_F(DialogTest, MenuOpenedWhileADialogRunsStillDeliversItsCommand) {
     EXPECT_NE(dialog.GetSafeHwnd(), nullptr) << "the dialog still runs";
 }
 
-TEST_F(DialogTest, MessageBoxShowsTheTextReturnsAtOnceAndGoesWhenRead) {
+// A message box returns at once; it goes when read, or with the window it was shown for.
+TEST_F(DialogTest, MessageBoxGoesWhenReadOrWithItsWindow) {
     EXPECT_EQ(AfxMessageBox("The default bank file could not be written."), IDOK);
     CWnd* field = CWnd::GetFocus();
     ASSERT_NE(field, nullptr);
@@ -257,9 +226,7 @@ TEST_F(DialogTest, MessageBoxShowsTheTextReturnsAtOnceAndGoesWhenRead) {
     driver.Key(kKeyReturn, kCharReturn);
     driver.Pump();
     EXPECT_NE(CWnd::GetFocus(), field) << "the box has gone";
-}
 
-TEST_F(DialogTest, MessageBoxGoesWithTheWindowItWasShownFor) {
     AfxMessageBox("shown while the editor closes");
     ASSERT_NE(CWnd::GetFocus(), nullptr);
     frame.SetNativeHandle(nullptr);

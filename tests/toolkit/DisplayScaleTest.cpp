@@ -17,12 +17,11 @@ Sources Desktop(const char* gdkScale, double dpi) {
 }
 
 TEST(DisplayScale, TheUsersVariableWinsOverTheHostAndTheHostOverTheDesktop) {
+    EXPECT_EQ(Resolve(Desktop(nullptr, 144.0)), 1.5) << "Xft.dpi 144 is 1.5";
     Sources sources = Desktop("2", 144.0);
     EXPECT_EQ(Resolve(sources), 2.0) << "GDK_SCALE before Xft.dpi";
-    sources.gdkScale = nullptr;
-    EXPECT_EQ(Resolve(sources), 1.5) << "Xft.dpi 144 is 1.5";
     sources.host = 1.25;
-    EXPECT_EQ(Resolve(sources), 1.25) << "the host's factor before the desktop";
+    EXPECT_EQ(Resolve(sources), 1.25) << "the host's factor before both of the desktop's";
     sources.zephyraScale = "3";
     EXPECT_EQ(Resolve(sources), 3.0) << "ZEPHYRA_SCALE before everything";
     EXPECT_EQ(Resolve(Sources{}), 1.0);

@@ -1,3 +1,5 @@
+// Off-screen drawing: blits with origins, snapshots and stretching, blits that draw nothing,
+// the image loaders, text placement and extents, and font metrics.
 #include "tests/toolkit/TestImages.h"
 #include "toolkit/BitmapResources.h"
 #include "toolkit/CDC.h"
@@ -54,19 +56,6 @@ TEST_F(DrawingTest, FreshDcSelectionReturnsTheNothingSentinel) {
     EXPECT_EQ(dc.SelectObject(static_cast<CBitmap*>(nullptr)), CDC::NoBitmap());
 }
 
-TEST_F(DrawingTest, WholeImageBlitCopiesEveryBand) {
-    EXPECT_TRUE(canvas.BitBlt(0, 0, 30, 120, &carrier, 0, 0, SRCCOPY));
-    EXPECT_EQ((std::vector<std::uint32_t>{At(5, 5), At(5, 60), At(29, 119)}),
-              (std::vector<std::uint32_t>{kRed, kGreen, kBlue}));
-    EXPECT_EQ(AlphaAt(40, 5), 0) << "outside the blit stays transparent";
-}
-
-TEST_F(DrawingTest, PartialBlitDrawsOnlyTheChosenFrame) {
-    canvas.BitBlt(10, 0, 30, 40, &carrier, 0, 40, SRCCOPY);
-    EXPECT_EQ(std::make_pair(At(10, 0), At(39, 39)), std::make_pair(kGreen, kGreen));
-    EXPECT_EQ(AlphaAt(10, 40) + AlphaAt(9, 0), 0) << "nothing beyond the frame";
-}
-
 TEST_F(DrawingTest, OriginOffsetsDestinationAndSource) {
     canvas.SetViewportOrg(5, 50);
     carrier.SetViewportOrg(0, 80);
@@ -91,15 +80,6 @@ TEST_F(DrawingTest, BlitsThatDrawNothing) {
     EXPECT_EQ(compatible.GetSafeContext(), nullptr);
     EXPECT_TRUE(compatible.BitBlt(0, 0, 30, 40, &carrier, 0, 0, SRCCOPY));
     compatible.FillSolidRect(CRect(0, 0, 5, 5), 0);
-}
-
-TEST_F(DrawingTest, OffScreenCompositionServesAsASource) {
-    CDC composed;
-    ASSERT_TRUE(composed.CreateBitmapDC(30, 40));
-    composed.BitBlt(0, 0, 30, 40, &carrier, 0, 80, SRCCOPY);
-    composed.FillSolidRect(CRect(0, 0, 10, 10), RGB(255, 255, 0));
-    canvas.BitBlt(20, 20, 30, 40, &composed, 0, 0, SRCCOPY);
-    EXPECT_EQ(std::make_pair(At(25, 25), At(45, 55)), std::make_pair(0xFFFF00u, kBlue));
 }
 
 TEST_F(DrawingTest, BlitFromItselfUsesASnapshot) {

@@ -96,7 +96,7 @@ void PlayScenario(CFrameWnd& frame, ScenarioBackend& backend) {
     EXPECT_EQ(wnd.Only(WM_LBUTTONDOWN).size(), 2u);
     EXPECT_EQ(wnd.Only(WM_LBUTTONDBLCLK).size(), 1u);
 
-    // A menu at a point of the window, chosen with the keyboard.
+    // A menu at a point of the window, chosen with the keyboard (three down, one back up).
     CMenu menu;
     menu.CreatePopupMenu();
     for (UINT id = 1010; id < 1014; ++id)
@@ -104,7 +104,7 @@ void PlayScenario(CFrameWnd& frame, ScenarioBackend& backend) {
     std::vector<bool> menuClosed;
     ASSERT_TRUE(menu.TrackPopupMenu(0, 30, 30, &wnd, nullptr,
                                     [&](bool chosen) { menuClosed.push_back(chosen); }));
-    backend.KeysIntoOpenWindow("Down Down Return", false);
+    backend.KeysIntoOpenWindow("Down Down Down Up Return", false);
     ASSERT_TRUE(backend.RunUntil([&] { return !menuClosed.empty(); }));
     EXPECT_EQ(wnd.commands, std::vector<UINT>{1011});
 

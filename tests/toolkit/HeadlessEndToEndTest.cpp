@@ -1,5 +1,6 @@
-#include "toolkit/driver/CHeadlessDriver.h"
+// The end-to-end scenario on the headless driver, whose input and pixels it fakes in memory.
 #include "tests/toolkit/EndToEndScenario.h"
+#include "toolkit/driver/CHeadlessDriver.h"
 #include "toolkit/platform/KeyCodes.h"
 
 #include <gtest/gtest.h>
@@ -33,6 +34,8 @@ private:
     void PressNamed(const std::string& name) {
         if (name == "Down")
             m_driver.Key(kKeyDown, kCharDown);
+        else if (name == "Up")
+            m_driver.Key(kKeyUp, kCharUp);
         else if (name == "Return")
             m_driver.Key(kKeyReturn, kCharReturn);
         else

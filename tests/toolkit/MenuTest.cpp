@@ -1,3 +1,5 @@
+// Pop-up menus: where they open, how a choice or a dismissal is told, greyed items, long
+// menus in columns and the highlight.
 #include "tests/toolkit/HostFixture.h"
 #include "toolkit/CMenu.h"
 #include "toolkit/PopupListWnd.h"
@@ -81,18 +83,6 @@ TEST_F(MenuTest, TrackReturnsWithTheMenuOpenAndTheChoiceArrivesBeforeTheEnd) {
     EXPECT_EQ(PopupListWnd::Active(), nullptr);
 }
 
-TEST_F(MenuTest, TheMenuObjectMayGoWhileItsMenuIsOpen) {
-    PopupListWnd* list = nullptr;
-    {
-        CMenu passing;
-        passing.CreatePopupMenu();
-        passing.AppendMenu(MF_STRING, kFirstProgram + 7, "eight");
-        list = Track(passing);
-    }
-    ClickItem(list, 0);
-    EXPECT_EQ(owner.commands, std::vector<UINT>{kFirstProgram + 7});
-}
-
 TEST_F(MenuTest, ClickOutsideOrEscapeChoosesNothing) {
     Track(menu);
     driver.Click(&owner, CPoint(190, 150));
@@ -103,29 +93,6 @@ TEST_F(MenuTest, ClickOutsideOrEscapeChoosesNothing) {
     EXPECT_TRUE(owner.commands.empty());
     EXPECT_EQ(closed, (Ends{{false, 0}, {false, 0}}));
     EXPECT_EQ(PopupListWnd::Active(), nullptr);
-}
-
-// A host that closes the editor while its menu is open: the menu goes with its owner, and
-// nothing reaches the closed window.
-TEST_F(MenuTest, DestroyingTheOwnerTakesTheOpenMenuAlongUntold) {
-    PopupListWnd* list = Track(menu);
-    ASSERT_NE(list, nullptr);
-    driver.Key(kKeyDown, kCharDown);
-    driver.Key(kKeyReturn, kCharReturn);
-    owner.DestroyWindow();
-    EXPECT_EQ(PopupListWnd::Active(), nullptr);
-    driver.Pump();
-    EXPECT_TRUE(owner.commands.empty());
-    EXPECT_TRUE(closed.empty());
-}
-
-TEST_F(MenuTest, KeyboardMovesAndChooses) {
-    Track(menu);
-    for (unsigned key : {kKeyDown, kKeyDown, kKeyUp, kKeyDown})
-        driver.Key(key, key == kKeyUp ? kCharUp : kCharDown);
-    driver.Key(kKeyReturn, kCharReturn);
-    driver.Pump();
-    EXPECT_EQ(owner.commands, std::vector<UINT>{kFirstProgram + 1});
 }
 
 TEST_F(MenuTest, OpeningEnablesItemsThenTheOwnerMayGreyThem) {

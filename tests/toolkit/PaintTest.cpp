@@ -108,18 +108,6 @@ TEST_F(PaintTest, ChildWindowsShowAboveTheirParent) {
         (std::vector<std::uint32_t>{0x00FF00, 0xFF0000, 0x00FF00}));
 }
 
-TEST_F(PaintTest, PaintDcCoversTheClientAreaAndShowsIt) {
-    CSize seen;
-    wnd.paint = [&](CPaintDC& dc) {
-        seen = dc.GetSize();
-        EXPECT_EQ(dc.GetPaintRect(), CRect(0, 0, 300, 200));
-        dc.FillSolidRect(CRect(0, 0, 300, 200), RGB(0, 128, 0));
-    };
-    driver.Pump();
-    EXPECT_EQ(seen, CSize(300, 200));
-    EXPECT_EQ(driver.PixelAt(&wnd, 150, 100), 0x008000u);
-}
-
 // Drawing outside a paint shows what was touched, at both ends of the window, and nothing
 // of a hidden window.
 TEST_F(PaintTest, ClientDcDrawsOutsideThePaint) {

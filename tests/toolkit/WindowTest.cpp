@@ -1,3 +1,5 @@
+// Toolkit windows in a host's window: creation and its refusals, destruction, showing,
+// placing, the host window going first, and notifications reflected to their control.
 #include "tests/toolkit/HostFixture.h"
 #include "tests/toolkit/RecordingWnd.h"
 #include "toolkit/MFCView0.h"
@@ -118,22 +120,6 @@ TEST_F(WindowTest, HostFrameTakesTheHostSizeAndMoveWindowPlacesWithinIt) {
     EXPECT_TRUE(wnd.Only(WM_SIZE).empty());
     wnd.GetWindowRect(&screen);
     EXPECT_EQ(screen.TopLeft(), CPoint(kHostLeft, kHostTop));
-}
-
-TEST_F(WindowTest, TextOfAChildIsFoundThroughItsId) {
-    RecordingWnd parent, field;
-    ASSERT_TRUE(parent.CreateChild(&frame, CRect(0, 0, 100, 100)));
-    ASSERT_TRUE(field.CreateChild(&parent, CRect(0, 0, 50, 20), 5000));
-    parent.SetDlgItemText(5000, "Warm");
-    CString text;
-    EXPECT_EQ(parent.GetDlgItemText(5000, text), 4);
-    EXPECT_EQ(text, "Warm");
-    EXPECT_EQ(parent.GetDlgItemText(5001, text), 0);
-    EXPECT_TRUE(text.IsEmpty());
-
-    char buffer[3];
-    EXPECT_EQ(field.GetWindowText(buffer, sizeof buffer), 2);
-    EXPECT_STREQ(buffer, "Wa");
 }
 
 TEST_F(WindowTest, DestroyingTheHostWindowLeavesTheToolkitWindowHarmless) {
