@@ -53,16 +53,6 @@ std::uint8_t AlphaOf(cairo_surface_t* surface, int x, int y) {
     return static_cast<std::uint8_t>(Row(surface, y)[x] >> 24);
 }
 
-int FirstInkRow(cairo_surface_t* surface) {
-    for (int y = 0; y < cairo_image_surface_get_height(surface); ++y) {
-        for (int x = 0; x < cairo_image_surface_get_width(surface); ++x) {
-            if (IsInk(Row(surface, y)[x]))
-                return y;
-        }
-    }
-    return -1;
-}
-
 int LastInkRow(cairo_surface_t* surface) {
     for (int y = cairo_image_surface_get_height(surface) - 1; y >= 0; --y) {
         for (int x = 0; x < cairo_image_surface_get_width(surface); ++x) {

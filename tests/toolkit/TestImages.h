@@ -14,6 +14,5 @@ std::vector<unsigned char> BandsPng(int width, int bandHeight,
 // The pixel at (x, y) as 0xRRGGBB, alpha dropped.
 std::uint32_t PixelOf(cairo_surface_t* surface, int x, int y);
 std::uint8_t AlphaOf(cairo_surface_t* surface, int x, int y);
-// Rows that hold a pixel darker than mid grey, first and last; -1 when none.
-int FirstInkRow(cairo_surface_t* surface);
+// The last row that holds a pixel darker than mid grey; -1 when none.
 int LastInkRow(cairo_surface_t* surface);

@@ -36,18 +36,16 @@ TEST_F(WindowTest, CreationDeliversCreateMoveAndSizeInOrder) {
     EXPECT_EQ(client, CRect(0, 0, 100, 50));
 }
 
-TEST_F(WindowTest, ChildStyleIsForcedAndAParentWithAViewNeeded) {
-    RecordingWnd wnd;
-    ASSERT_TRUE(wnd.Create(nullptr, "w", WS_VISIBLE, CRect(0, 0, 10, 10), &frame, 1));
-    EXPECT_TRUE(wnd.GetStyle() & WS_CHILD);
-    RecordingWnd orphan;
+// Refused by OnCreate, the window is torn down (PostNcDestroy) before it is placed; refused
+// by PreCreateWindow, nothing is sent at all and there is nothing to destroy. A window needs
+// a parent with a view, and is a child whatever style it asks for.
+TEST_F(WindowTest, RefusedCreationLeavesNoView) {
+    RecordingWnd orphan, forced;
     EXPECT_FALSE(orphan.Create(nullptr, "w", WS_VISIBLE, CRect(0, 0, 10, 10), nullptr, 1));
     EXPECT_EQ(orphan.GetSafeHwnd(), nullptr);
-}
+    ASSERT_TRUE(forced.Create(nullptr, "w", WS_VISIBLE, CRect(0, 0, 10, 10), &frame, 1));
+    EXPECT_TRUE(forced.GetStyle() & WS_CHILD);
 
-// Refused by OnCreate, the window is torn down (PostNcDestroy) before it is placed; refused
-// by PreCreateWindow, nothing is sent at all and there is nothing to destroy.
-TEST_F(WindowTest, RefusedCreationLeavesNoView) {
     RecordingWnd byOnCreate;
     byOnCreate.createResult = -1;
     EXPECT_FALSE(byOnCreate.CreateChild(&frame, CRect(0, 0, 10, 10)));
