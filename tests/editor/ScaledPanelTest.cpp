@@ -2,6 +2,7 @@
 // clicks at their scaled places, and a picture drawn anew at the scale rather than stretched.
 #include "editor/UIWindowLayout.h"
 #include "tests/editor/EditorHost.h"
+#include "tests/toolkit/TestImages.h"
 #include "toolkit/DisplayScale.h"
 #include "toolkit/platform/headless/HeadlessPlatform.h"
 
@@ -15,13 +16,6 @@ namespace {
 using Picture = std::unique_ptr<cairo_surface_t, void (*)(cairo_surface_t*)>;
 Picture Shown(CHeadlessDriver& driver, const CWnd* window) {
     return Picture(driver.Snapshot(window), cairo_surface_destroy);
-}
-
-// 0xRRGGBB of an image surface's pixel at device coordinates.
-std::uint32_t PixelOf(cairo_surface_t* image, int x, int y) {
-    const unsigned char* row =
-        cairo_image_surface_get_data(image) + y * cairo_image_surface_get_stride(image);
-    return reinterpret_cast<const std::uint32_t*>(row)[x] & 0xFFFFFFu;
 }
 
 int ChannelDistance(std::uint32_t a, std::uint32_t b) {

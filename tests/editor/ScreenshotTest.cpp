@@ -94,17 +94,13 @@ void ExpectTheScreenToShowThePanel(const char* scale) {
     cairo_surface_destroy(screen);
 }
 
-TEST(EditorOnX11, TheScreenShowsWhatThePanelPaints) {
+TEST(EditorOnX11, AtEachScaleTheScreenShowsWhatThePanelPaintsForIt) {
     if (std::getenv("DISPLAY") == nullptr)
         GTEST_SKIP() << "no X display; run under xvfb-run";
-    ExpectTheScreenToShowThePanel("1");
-}
-
-TEST(EditorOnX11, AtScalesOneAndAHalfAndTwoTheWindowShowsThePanelDrawnForThem) {
-    if (std::getenv("DISPLAY") == nullptr)
-        GTEST_SKIP() << "no X display; run under xvfb-run";
-    ExpectTheScreenToShowThePanel("1.5");
-    ExpectTheScreenToShowThePanel("2");
+    for (const char* scale : {"1", "1.5", "2"}) {
+        SCOPED_TRACE(std::string("scale ") + scale);
+        ExpectTheScreenToShowThePanel(scale);
+    }
 }
 
 } // namespace

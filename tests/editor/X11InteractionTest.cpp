@@ -92,16 +92,14 @@ void CopyEditAndSaveAProgram(int scale) {
     }
 }
 
-TEST(EditorOnX11, MouseAndKeyboardCopyEditAndSaveAProgram) {
+// At scale two the same work, at twice the positions, does the same.
+TEST(EditorOnX11, MouseAndKeyboardCopyEditAndSaveAProgramAtScalesOneAndTwo) {
     if (const char* missing = MissingDesktop())
         GTEST_SKIP() << missing;
-    CopyEditAndSaveAProgram(1);
-}
-
-TEST(EditorOnX11, AtScaleTwoTheSameWorkAtTwiceThePositionsDoesTheSame) {
-    if (const char* missing = MissingDesktop())
-        GTEST_SKIP() << missing;
-    CopyEditAndSaveAProgram(2);
+    for (const int scale : {1, 2}) {
+        SCOPED_TRACE("scale " + std::to_string(scale));
+        CopyEditAndSaveAProgram(scale);
+    }
 }
 
 } // namespace

@@ -1,9 +1,9 @@
 // The module carries the artwork: the compiled-in table gives back the very pictures the
-// build drew.
+// build drew, each fully opaque since the panel pastes them without blending.
 
+#include "resources/artwork/PanelArtwork.h"
 #include "tests/resources/ArtworkImage.h"
 #include "toolkit/BitmapResources.h"
-#include "resources/artwork/PanelArtwork.h"
 
 #include <gtest/gtest.h>
 

@@ -20,10 +20,6 @@ ArtworkImage::ArtworkImage(int resourceId) {
         cairo_surface_destroy(surface);
 }
 
-bool ArtworkImage::Opaque() const {
-    return cairo_image_surface_get_format(surface_.get()) == CAIRO_FORMAT_RGB24;
-}
-
 int ArtworkImage::Width() const {
     return cairo_image_surface_get_width(surface_.get());
 }

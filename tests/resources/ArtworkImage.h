@@ -21,8 +21,6 @@ public:
     explicit ArtworkImage(int resourceId);
 
     bool Loaded() const { return surface_ != nullptr; }
-    // The panel pastes bitmaps without blending, so none may carry transparency.
-    bool Opaque() const;
     int Width() const;
     int Height() const;
     Pixel At(int x, int y) const;
