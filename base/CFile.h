@@ -23,7 +23,7 @@ public:
     CFile& operator=(const CFile&) = delete;
 
     bool Open(const char* pathOrURL, unsigned flags);
-    bool IsOpen() const { return m_fd >= 0; }
+    bool IsOpen() const { return m_handle != kClosed; }
     // Bytes actually read: fewer than asked at the end of the file, 0 on failure.
     unsigned Read(void* buffer, unsigned count);
     // True only when every byte was written.
@@ -38,5 +38,7 @@ public:
     bool Close();
 
 private:
-    int m_fd = -1;
+    // A file descriptor, or a Windows file handle.
+    static constexpr intptr_t kClosed = -1;
+    intptr_t m_handle = kClosed;
 };

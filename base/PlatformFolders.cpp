@@ -1,10 +1,8 @@
+// File URLs and paths, the same on every system; a Windows path begins with its drive
+// ("C:/Users"), which a URL places after a slash ("file:///C:/Users").
 #include "base/PlatformFolders.h"
 
-#include <cerrno>
 #include <cstdio>
-#include <cstdlib>
-#include <dlfcn.h>
-#include <sys/stat.h>
 
 namespace {
 
@@ -26,45 +24,7 @@ bool isUnreserved(unsigned char c) {
            c == '-' || c == '_' || c == '.' || c == '~';
 }
 
-std::string withSlash(std::string folder) {
-    if (folder.empty() || folder.back() != '/') {
-        folder += '/';
-    }
-    return folder;
-}
-
 } // namespace
-
-bool GetUserPreferencesFolderURL(std::string& url) {
-    const char* configHome = std::getenv("XDG_CONFIG_HOME");
-    std::string folder;
-    if (configHome && configHome[0] == '/') {
-        folder = configHome;
-    } else {
-        const char* home = std::getenv("HOME");
-        if (!home || home[0] != '/') {
-            return false;
-        }
-        folder = withSlash(home) + ".config";
-    }
-    url = PathToFileURL(withSlash(folder));
-    return true;
-}
-
-std::string GetModuleFolder() {
-    Dl_info info{};
-    if (dladdr(reinterpret_cast<void*>(&GetModuleFolder), &info) == 0 || !info.dli_fname) {
-        return {};
-    }
-    std::string path = info.dli_fname;
-    char* resolved = realpath(path.c_str(), nullptr);
-    if (resolved) {
-        path = resolved;
-        std::free(resolved);
-    }
-    const size_t slash = path.rfind('/');
-    return slash == std::string::npos ? std::string() : path.substr(0, slash + 1);
-}
 
 std::string FileURLToPath(const std::string& pathOrURL) {
     static const std::string scheme = "file://";
@@ -86,11 +46,17 @@ std::string FileURLToPath(const std::string& pathOrURL) {
             path += c;
         }
     }
+#ifdef _WIN32
+    if (path.size() >= 3 && path[0] == '/' && path[2] == ':') {
+        path.erase(0, 1);
+    }
+#endif
     return path;
 }
 
 std::string PathToFileURL(const std::string& path) {
-    std::string url = "file://";
+    const bool startsWithDrive = path.size() >= 2 && path[1] == ':';
+    std::string url = startsWithDrive ? "file:///" : "file://";
     for (const char c : path) {
         const auto byte = static_cast<unsigned char>(c);
         if (isUnreserved(byte)) {
@@ -102,19 +68,4 @@ std::string PathToFileURL(const std::string& path) {
         }
     }
     return url;
-}
-
-bool IsDirectory(const std::string& pathOrURL) {
-    struct stat status {};
-    return stat(FileURLToPath(pathOrURL).c_str(), &status) == 0 && S_ISDIR(status.st_mode);
-}
-
-bool EnsureDirectory(const std::string& pathOrURL) {
-    const std::string path = FileURLToPath(pathOrURL);
-    for (size_t slash = path.find('/', 1); slash != std::string::npos;
-         slash = path.find('/', slash + 1)) {
-        mkdir(path.substr(0, slash).c_str(), 0755);
-    }
-    mkdir(path.c_str(), 0755);
-    return IsDirectory(path);
 }

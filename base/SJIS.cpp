@@ -1,36 +1,9 @@
 #include "base/SJIS.h"
 
-#include <cerrno>
+#include "base/CodePage932.h"
+
 #include <cstdint>
-#include <cstring>
-#include <iconv.h>
 #include <string>
-
-namespace {
-
-// Converts between two encodings with iconv; false when any byte cannot be converted.
-bool convert(const char* to, const char* from, const char* text, std::string& result) {
-    iconv_t converter = iconv_open(to, from);
-    if (converter == reinterpret_cast<iconv_t>(-1)) {
-        return false;
-    }
-    size_t inLeft = std::strlen(text);
-    std::string input(text, inLeft);
-    char* in = input.data();
-    std::string output(inLeft * 4 + 8, '\0');
-    char* out = output.data();
-    size_t outLeft = output.size();
-    const size_t status = iconv(converter, &in, &inLeft, &out, &outLeft);
-    iconv_close(converter);
-    if (status == static_cast<size_t>(-1) || inLeft != 0) {
-        return false;
-    }
-    output.resize(output.size() - outLeft);
-    result = output;
-    return true;
-}
-
-} // namespace
 
 bool IsValidUTF8(const char* text) {
     const auto* bytes = reinterpret_cast<const unsigned char*>(text);
@@ -70,7 +43,7 @@ bool IsValidUTF8(const char* text) {
 
 void CheckSJISAndToUFT8(const char* source, CString& destination) {
     std::string converted;
-    if (!IsValidUTF8(source) && convert("UTF-8", "CP932", source, converted)) {
+    if (!IsValidUTF8(source) && Cp932ToUtf8(source, converted)) {
         destination = converted.c_str();
     } else {
         destination = source;
@@ -79,7 +52,7 @@ void CheckSJISAndToUFT8(const char* source, CString& destination) {
 
 CString UTF8ToSJSINS(const char* text) {
     std::string converted;
-    if (convert("CP932", "UTF-8", text, converted)) {
+    if (Utf8ToCp932(text, converted)) {
         return CString(converted);
     }
     return CString(text);

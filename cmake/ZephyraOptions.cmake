@@ -4,6 +4,12 @@
 # path is compared bit for bit with a plain evaluation of its formulas.
 add_compile_options(-Wall -Wextra -ffp-contract=off -fno-fast-math)
 
+# <windows.h> without the multimedia declarations (they name the engine's wave format too)
+# and without the min and max macros that hide std::min and std::max.
+if(WIN32)
+    add_compile_definitions(WIN32_LEAN_AND_MEAN NOMINMAX)
+endif()
+
 # A fuzzing build: everything instrumented for libFuzzer's coverage feedback and checked
 # by AddressSanitizer and UndefinedBehaviorSanitizer, whose reports end the run.
 option(ZEPHYRA_FUZZ "Build the fuzz targets with libFuzzer (clang only)" OFF)

@@ -7,7 +7,6 @@
 
 #include <cstdio>
 #include <cstring>
-#include <unistd.h>
 
 namespace {
 
@@ -34,9 +33,9 @@ void copyBounded(char* destination, size_t capacity, const std::string& text) {
 void AZephyra::findPluginFolder() {
     const auto* hostAnswer = static_cast<const char*>(getDirectory());
     std::string folder;
-    if (hostAnswer && hostAnswer[0] == '/' &&
+    if (hostAnswer && IsAbsolutePath(hostAnswer) &&
         strnlen(hostAnswer, sizeof(m_pluginFolder)) < sizeof(m_pluginFolder) - 1) {
-        folder = hostAnswer;
+        folder = NormalizedPath(hostAnswer);
         if (IsDirectory(folder) && folder.back() != '/') {
             folder += '/';
         }
@@ -112,7 +111,7 @@ bool AZephyra::writeBankFile(const std::string& path) {
     if (slash != std::string::npos) {
         EnsureDirectory(path.substr(0, slash + 1));
     }
-    const std::string temporary = path + ".saving-" + std::to_string(getpid());
+    const std::string temporary = path + ".saving-" + std::to_string(CurrentProcessId());
     CFile file;
     if (!file.Open(temporary.c_str(), CFile::modeCreate | CFile::modeWrite | CFile::typeBinary)) {
         return false;
@@ -123,8 +122,8 @@ bool AZephyra::writeBankFile(const std::string& path) {
         WriteBankFile(file, kZephyraUniqueId, image.data(), static_cast<uint32_t>(image.size())) &&
         file.Flush();
     const bool closed = file.Close();
-    if (!written || !closed || std::rename(temporary.c_str(), path.c_str()) != 0) {
-        std::remove(temporary.c_str());
+    if (!written || !closed || !RenameOver(temporary, path)) {
+        RemoveFile(temporary);
         return false;
     }
     return true;

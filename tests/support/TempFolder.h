@@ -6,13 +6,20 @@
 #include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <random>
 #include <string>
 
 class TempFolder {
 public:
+    // A name no other folder has: create_directory refuses one that exists.
     TempFolder() {
-        std::string pattern = (std::filesystem::temp_directory_path() / "zephyra-XXXXXX").string();
-        m_path = std::string(mkdtemp(pattern.data())) + "/";
+        const std::filesystem::path parent = std::filesystem::temp_directory_path();
+        std::random_device random;
+        std::filesystem::path folder;
+        do {
+            folder = parent / ("zephyra-" + std::to_string(random()));
+        } while (!std::filesystem::create_directory(folder));
+        m_path = folder.generic_string() + "/";
     }
     ~TempFolder() { std::filesystem::remove_all(m_path); }
     TempFolder(const TempFolder&) = delete;
@@ -40,13 +47,22 @@ public:
         const char* old = std::getenv(name);
         m_old = old ? old : "";
         m_hadOld = old != nullptr;
-        setenv(name, value.c_str(), 1);
+        Set(name, value.c_str());
     }
-    ~ScopedEnv() { m_hadOld ? setenv(m_name, m_old.c_str(), 1) : unsetenv(m_name); }
+    ~ScopedEnv() { Set(m_name, m_hadOld ? m_old.c_str() : nullptr); }
     ScopedEnv(const ScopedEnv&) = delete;
     ScopedEnv& operator=(const ScopedEnv&) = delete;
 
 private:
+    // Windows has no unsetenv: an empty value removes the variable there.
+    static void Set(const char* name, const char* value) {
+#ifdef _WIN32
+        _putenv_s(name, value ? value : "");
+#else
+        value ? setenv(name, value, 1) : unsetenv(name);
+#endif
+    }
+
     const char* m_name;
     std::string m_old;
     bool m_hadOld;
