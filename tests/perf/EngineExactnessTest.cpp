@@ -38,8 +38,7 @@ struct Pair {
     void SetLevels(int input, int output) {
         engine.set_InputLevel(input);
         engine.set_OutputLevel(output);
-        model.inputGain = reference::LevelGain(input);
-        model.outputGain = reference::LevelGain(output);
+        model.SetLevels(input, output);
     }
 
     void SetBand(int band, reference::Band s) {
@@ -52,7 +51,7 @@ struct Pair {
 
     void SetActive(int band, bool on) {
         engine.set_Activate(band, on);
-        model.active[band] = on;
+        model.SetActive(band, on);
     }
 
     // Runs one block both ways; returns a description of the first difference, if any.

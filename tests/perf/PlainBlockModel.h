@@ -11,57 +11,42 @@
 
 namespace reference {
 
-// Both channels of the engine with its settings as 16.16 values at 44100 Hz.
+// Both channels of the engine at 44100 Hz, with its settings as 16.16 values.
 struct Engine {
-    float inputGain = 1.0f;
-    float outputGain = 1.0f;
-    bool active[2] = {true, true};
-    Biquad band[2][2]; // [band][channel]
+    Channel channel[2];
     bool overLevel = false;
     int workLength = 256;
 
-    void SetBand(int b, Band settings) {
-        for (auto& section : band[b]) {
-            const Biquad designed =
-                Design(44100.0f, FromFixed(settings.freq), FromFixed(settings.gain),
-                       FromFixed(settings.q), settings.type);
-            section.a0 = designed.a0;
-            section.a1 = designed.a1;
-            section.a2 = designed.a2;
-            section.b0 = designed.b0;
-            section.b1 = designed.b1;
-            section.b2 = designed.b2;
+    void SetLevels(int input, int output) {
+        for (Channel& c : channel) {
+            c.inputGain = LevelGain(input);
+            c.outputGain = LevelGain(output);
         }
     }
 
-    // Each piece of at most workLength frames: every input read and scaled first, then the
-    // bands, then each channel written and tested against full scale.
+    void SetBand(int b, Band settings) {
+        for (Channel& c : channel) {
+            c.SetBand(b, 44100.0f, settings);
+        }
+    }
+
+    void SetActive(int b, bool on) { channel[0].active[b] = channel[1].active[b] = on; }
+
+    // Each piece of at most workLength frames: both channels' input read first, then each
+    // channel equalised, written and tested against full scale.
     void Transform(const float* const* in, float* const* out, int count) {
-        if (!active[0] && !active[1]) {
+        if (!channel[0].active[0] && !channel[0].active[1]) {
             return;
         }
         for (int offset = 0; offset < count; offset += workLength) {
             const int piece = std::min(workLength, count - offset);
-            std::vector<float> work[2];
+            const std::vector<float> work[2] = {{in[0] + offset, in[0] + offset + piece},
+                                                {in[1] + offset, in[1] + offset + piece}};
             for (int c = 0; c < 2; ++c) {
                 for (int i = 0; i < piece; ++i) {
-                    work[c].push_back(in[c][offset + i] * inputGain);
-                }
-            }
-            for (int b = 0; b < 2; ++b) {
-                for (int c = 0; c < 2 && active[b]; ++c) {
-                    for (float& sample : work[c]) {
-                        sample = Step(band[b][c], sample);
-                    }
-                }
-            }
-            for (int c = 0; c < 2; ++c) {
-                for (int i = 0; i < piece; ++i) {
-                    const float sample = work[c][i] * outputGain;
+                    const float sample = channel[c].Run(work[c][i]);
                     out[c][offset + i] = sample;
-                    if (std::fabs(sample) > 1.0f) {
-                        overLevel = true;
-                    }
+                    overLevel = overLevel || std::fabs(sample) > 1.0f;
                 }
             }
         }

@@ -94,16 +94,26 @@ struct Band {
 
 // One channel of the engine: input gain, each active band, output gain.
 struct Channel {
-    float inputGain, outputGain;
-    bool active[2];
-    Biquad band[2];
+    float inputGain = 1.0f, outputGain = 1.0f;
+    bool active[2] = {true, true};
+    Biquad band[2] = {};
 
+    Channel() = default;
     Channel(float fs, int inputLevel, int outputLevel, Band first, Band second)
-        : inputGain(LevelGain(inputLevel)), outputGain(LevelGain(outputLevel)), active{true, true},
-          band{Design(fs, FromFixed(first.freq), FromFixed(first.gain), FromFixed(first.q),
-                      first.type),
-               Design(fs, FromFixed(second.freq), FromFixed(second.gain), FromFixed(second.q),
-                      second.type)} {}
+        : inputGain(LevelGain(inputLevel)), outputGain(LevelGain(outputLevel)) {
+        SetBand(0, fs, first);
+        SetBand(1, fs, second);
+    }
+
+    // A new design for one band; the band's history carries over, as in the engine.
+    void SetBand(int b, float fs, Band s) {
+        const Biquad old = band[b];
+        band[b] = Design(fs, FromFixed(s.freq), FromFixed(s.gain), FromFixed(s.q), s.type);
+        band[b].x1 = old.x1;
+        band[b].x2 = old.x2;
+        band[b].y1 = old.y1;
+        band[b].y2 = old.y2;
+    }
 
     float Run(float x) {
         float v = x * inputGain;

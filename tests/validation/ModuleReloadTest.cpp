@@ -1,9 +1,10 @@
-// The module loaded and unloaded again and again, as hosts scanning do: every load works,
-// and none leaves memory, a file descriptor, a thread or a mapping behind.
-#include "tools/PluginInstance.h"
-#include "tests/validation/support/ProcessResources.h"
+// The module loaded, used and unloaded again and again, as hosts do: every load works, and
+// none leaves memory, a file descriptor, a thread or a mapping behind.
+#include "tests/support/BankBytes.h"
 #include "tests/support/TempFolder.h"
+#include "tests/validation/support/ProcessResources.h"
 #include "tests/validation/support/TestSignal.h"
+#include "tools/PluginInstance.h"
 
 #include <gtest/gtest.h>
 
@@ -32,16 +33,27 @@ size_t mappingsOfTheModule() {
 }
 
 // One whole session with a freshly loaded module, through the shared loader, which unloads
-// the module when its last instance goes. The libraries the module brings along stay
-// loaded from the first unload on, as in a host (HeldLibraries.h): what a later load leaves
-// behind is then the module's own.
-void loadRunAndUnload(Noise& noise) {
+// the module when its last instance goes: a block in each precision, the bank chunk taken
+// and given back, the mains switched off. The libraries the module brings along
+// stay loaded from the first unload on, as in a host (HeldLibraries.h): what a later load
+// leaves behind is then the module's own.
+std::string loadRunAndUnload(Noise& noise) {
     PluginInstance plugin(PluginModule::load(ZEPHYRA_MODULE_PATH), 48000.0, 128);
     plugin.resume();
     GuardedStereo<float> in(128), out(128);
+    GuardedStereo<double> inDouble(128), outDouble(128);
     in.Fill(noise, 1.0f);
+    inDouble.Fill(noise, 1.0f);
     plugin.process(in.Channels(), out.Channels(), 128);
+    plugin.process(inDouble.Channels(), outDouble.Channels(), 128);
     EXPECT_TRUE(out.AllFinite() && out.GuardsIntact());
+    EXPECT_TRUE(outDouble.AllFinite() && outDouble.GuardsIntact());
+    void* data = nullptr;
+    const auto size = static_cast<size_t>(plugin.dispatch(effGetChunk, 0, 0, &data));
+    std::string chunk(static_cast<const char*>(data), size);
+    plugin.dispatch(effSetChunk, 0, static_cast<intptr_t>(size), chunk.data());
+    plugin.suspend();
+    return chunk;
 }
 
 // The first round makes whatever is made once per process; the second must end where
@@ -50,6 +62,8 @@ TEST(ModuleReload, RepeatedLoadsLeaveNothingBehind) {
     TempFolder preferences; // the user's own default bank file stays out of it
     ScopedEnv configHome("XDG_CONFIG_HOME", preferences.Path());
     Noise noise(43);
+    // A default bank file of the module's own for every later load to read.
+    WriteWholeFile(preferences / "ZephyraDef.fxb", ChunkBank(loadRunAndUnload(noise), "VeEQ"));
     const auto round = [&noise] {
         for (int i = 0; i < kLoadsPerRound; ++i) {
             loadRunAndUnload(noise);

@@ -1,12 +1,12 @@
-// The C library's allocation functions, operator new and delete and the blocking thread calls,
-// counted inside a RealtimeProbe scope. Not linked with sanitizers, which replace the same.
+// The C library's allocation functions (which the standard library's operator new and delete
+// call) and the blocking thread calls, counted inside a RealtimeProbe scope. Not linked with
+// sanitizers, which replace the same.
 #include "tests/validation/support/RealtimeProbe.h"
 
 #include <dlfcn.h>
 #include <semaphore.h>
 
 #include <cerrno>
-#include <new>
 
 extern "C" {
 void* __libc_malloc(size_t size);
@@ -53,21 +53,6 @@ template <typename Function> Function real(Function& slot, const char* name) {
         slot = reinterpret_cast<Function>(dlsym(RTLD_NEXT, name));
     }
     return slot;
-}
-
-void* allocate(size_t size, size_t alignment, bool mayThrow) {
-    countAllocation(size);
-    size = size ? size : 1;
-    void* pointer = alignment ? __libc_memalign(alignment, size) : __libc_malloc(size);
-    if (!pointer && mayThrow) {
-        throw std::bad_alloc();
-    }
-    return pointer;
-}
-
-void release(void* pointer) {
-    countRelease(pointer);
-    __libc_free(pointer);
 }
 
 } // namespace
@@ -135,7 +120,8 @@ void* realloc(void* pointer, size_t size) {
 }
 
 void free(void* pointer) {
-    release(pointer);
+    countRelease(pointer);
+    __libc_free(pointer);
 }
 
 void* memalign(size_t alignment, size_t size) {
@@ -155,29 +141,3 @@ int posix_memalign(void** result, size_t alignment, size_t size) {
 }
 
 } // extern "C"
-
-// operator new and delete as well, so a standard library that does not build them on malloc
-// is still seen.
-#define ZEPHYRA_PROBE_NEW(parameters, ...)                                                         \
-    void* operator new parameters {                                                                \
-        return allocate(__VA_ARGS__);                                                              \
-    }                                                                                              \
-    void* operator new[] parameters {                                                              \
-        return allocate(__VA_ARGS__);                                                              \
-    }
-#define ZEPHYRA_PROBE_DELETE(parameters)                                                           \
-    void operator delete parameters noexcept {                                                     \
-        release(pointer);                                                                          \
-    }                                                                                              \
-    void operator delete[] parameters noexcept {                                                   \
-        release(pointer);                                                                          \
-    }
-
-ZEPHYRA_PROBE_NEW((size_t size), size, 0, true)
-ZEPHYRA_PROBE_NEW((size_t size, const std::nothrow_t&) noexcept, size, 0, false)
-ZEPHYRA_PROBE_NEW((size_t size, std::align_val_t alignment), size, static_cast<size_t>(alignment),
-                  true)
-ZEPHYRA_PROBE_DELETE((void* pointer))
-ZEPHYRA_PROBE_DELETE((void* pointer, size_t))
-ZEPHYRA_PROBE_DELETE((void* pointer, std::align_val_t))
-ZEPHYRA_PROBE_DELETE((void* pointer, size_t, std::align_val_t))
