@@ -1,13 +1,10 @@
 #include "tools/PluginModule.h"
 
-#include "tools/HeldLibraries.h"
+#include "tools/ModuleLoader.h"
 #include "tools/ToolError.h"
 
 #include <cerrno>
-#include <cstdlib>
 #include <cstring>
-#include <dlfcn.h>
-#include <unistd.h>
 
 namespace {
 
@@ -19,47 +16,32 @@ std::string folderOf(const std::string& path) {
     return path.substr(0, slash + 1);
 }
 
-std::string absolutePath(const std::string& path) {
-    char* resolved = realpath(path.c_str(), nullptr);
-    if (resolved == nullptr) {
-        return path;
-    }
-    std::string result(resolved);
-    std::free(resolved);
-    return result;
-}
-
-bool isReadableFile(const std::string& path) {
-    return access(path.c_str(), R_OK) == 0;
-}
-
 } // namespace
 
 PluginModule::PluginModule(std::string path, void* handle, EntryPoint entry)
     : modulePath(std::move(path)), handle(handle), entry(entry) {}
 
 PluginModule::~PluginModule() {
-    // What the plug-in loaded, at start or since, stays: only the plug-in goes.
-    holdLibrariesBesideModule(handle);
-    dlclose(handle);
+    module_loader::Close(handle);
 }
 
 std::shared_ptr<PluginModule> PluginModule::load(const std::string& path) {
-    if (!isReadableFile(path)) {
+    if (!module_loader::IsReadableFile(path)) {
         throw ToolError("cannot read plug-in " + path + ": " + std::strerror(errno));
     }
-    const std::string fullPath = absolutePath(path);
-    void* handle = dlopen(fullPath.c_str(), RTLD_NOW | RTLD_LOCAL);
+    const std::string fullPath = module_loader::AbsolutePath(path);
+    std::string error;
+    void* handle = module_loader::Open(fullPath, error);
     if (handle == nullptr) {
-        throw ToolError(path + " is not a VST 2.4 plug-in: " + dlerror());
+        throw ToolError(path + " is not a VST 2.4 plug-in: " + error);
     }
     // Older modules export the same entry under the legacy name.
-    void* symbol = dlsym(handle, "VSTPluginMain");
+    void* symbol = module_loader::FindSymbol(handle, "VSTPluginMain");
     if (symbol == nullptr) {
-        symbol = dlsym(handle, "main");
+        symbol = module_loader::FindSymbol(handle, "main");
     }
     if (symbol == nullptr) {
-        dlclose(handle);
+        module_loader::Close(handle);
         throw ToolError(path + " is not a VST 2.4 plug-in: it exports neither VSTPluginMain "
                                "nor main");
     }
@@ -86,22 +68,14 @@ AEffect* PluginModule::createEffect(HostState& state) const {
 }
 
 std::string defaultPluginPath() {
-    constexpr char kModuleName[] = "Zephyra.so";
-    char executable[4096];
-    const ssize_t length = readlink("/proc/self/exe", executable, sizeof executable - 1);
-    if (length > 0) {
-        executable[length] = '\0';
-        const std::string beside = folderOf(executable) + kModuleName;
-        if (isReadableFile(beside)) {
-            return beside;
+    const std::string name = module_loader::kDefaultModuleName;
+    const std::string executable = module_loader::ExecutablePath();
+    for (const std::string& folder : {executable.empty() ? std::string() : folderOf(executable),
+                                      module_loader::UserPluginFolder()}) {
+        if (!folder.empty() && module_loader::IsReadableFile(folder + name)) {
+            return folder + name;
         }
     }
-    const char* home = std::getenv("HOME");
-    const std::string inUserFolder =
-        std::string(home != nullptr ? home : "") + "/.vst/" + kModuleName;
-    if (isReadableFile(inUserFolder)) {
-        return inUserFolder;
-    }
-    throw ToolError("no plug-in given and no " + std::string(kModuleName) +
-                    " beside the executable or in ~/.vst; use --plugin PATH");
+    throw ToolError("no plug-in given and no " + name + " beside the executable" +
+                    module_loader::kUserPluginFolderText + "; use --plugin PATH");
 }

@@ -35,6 +35,6 @@ private:
     EntryPoint entry;
 };
 
-// The plug-in to use when the command line names none: Zephyra.so beside this executable,
-// else the one in ~/.vst.
+// The plug-in to use when the command line names none: Zephyra.so (Zephyra.dll) beside
+// this executable, else the one in ~/.vst (on Linux).
 std::string defaultPluginPath();

@@ -3,6 +3,7 @@
 // back with "/" between folders.
 #include "base/PlatformFolders.h"
 
+#include "base/windows/ModulePath.h"
 #include "base/windows/WideText.h"
 
 #include <windows.h>
@@ -10,7 +11,6 @@
 #include <shlobj.h>
 
 #include <cwchar>
-#include <vector>
 
 namespace {
 
@@ -55,20 +55,7 @@ std::string GetModuleFolder() {
                             reinterpret_cast<LPCWSTR>(&GetModuleFolder), &module)) {
         return {};
     }
-    // The call cuts a long path to the buffer's size without saying so except by filling
-    // it: grow until the name fits.
-    std::vector<wchar_t> name(MAX_PATH);
-    for (;;) {
-        const DWORD length = GetModuleFileNameW(module, name.data(), name.size());
-        if (length == 0) {
-            return {};
-        }
-        if (length < name.size()) {
-            break;
-        }
-        name.resize(name.size() * 2);
-    }
-    const std::string path = NormalizedPath(Utf8FromWide(name.data()).c_str());
+    const std::string path = ModulePath(module);
     const size_t slash = path.rfind('/');
     return slash == std::string::npos ? std::string() : path.substr(0, slash + 1);
 }
