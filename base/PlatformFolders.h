@@ -32,7 +32,7 @@ bool IsAbsolutePath(const char* path);
 std::string NormalizedPath(const char* path);
 
 // Moves source over destination in one step (the destination is never missing or half
-// written); true when done.
+// written); true when done, else false with errno set.
 bool RenameOver(const std::string& source, const std::string& destination);
 bool RemoveFile(const std::string& path);
 int CurrentProcessId();

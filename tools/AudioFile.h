@@ -1,10 +1,11 @@
-// Audio files through libsndfile: reading any format it knows, writing the format named by
-// the output's extension.
+// Audio files: on Linux through libsndfile, reading any format it knows and writing the
+// format named by the output's extension; on Windows WAV files of our own reading and
+// writing. A format is the implementation's own number, passed from reader to writer.
 #pragma once
 
 #include "tools/SignalSource.h"
 
-#include <sndfile.h>
+#include <memory>
 #include <string>
 
 class AudioFileReader : public SignalSource {
@@ -15,15 +16,15 @@ public:
     AudioFileReader(const AudioFileReader&) = delete;
     AudioFileReader& operator=(const AudioFileReader&) = delete;
 
-    int channels() const override { return info.channels; }
-    int sampleRate() const override { return info.samplerate; }
-    int64_t frames() const override { return info.frames; }
-    int format() const { return info.format; }
+    int channels() const override;
+    int sampleRate() const override;
+    int64_t frames() const override;
+    int format() const;
     int64_t read(double* interleaved, int64_t count) override;
 
 private:
-    SF_INFO info{};
-    SNDFILE* file = nullptr;
+    struct File;
+    std::unique_ptr<File> file;
 };
 
 class AudioFileWriter {
@@ -41,12 +42,17 @@ public:
     void close();
 
 private:
+    struct File;
     std::string shownPath;
-    SNDFILE* file = nullptr;
+    std::unique_ptr<File> file;
 };
 
-// The libsndfile format to write `outputPath` in: the container from its extension, the
-// sample encoding of the input when that container takes it. Throws ToolError for an
-// extension that names no audio format.
+// The format of a WAV file of 32-bit floats: what a signal without a file of its own (the
+// demo) is taken to come in.
+int floatWavFormat();
+
+// The format to write `outputPath` in: the container from its extension, the sample
+// encoding of the input when that container takes it. Throws ToolError for an extension
+// that names no audio format.
 int chooseOutputFormat(const std::string& outputPath, int inputFormat, int channels,
                        int sampleRate);

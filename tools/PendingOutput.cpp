@@ -1,5 +1,7 @@
 #include "tools/PendingOutput.h"
 
+#include "base/PlatformFolders.h"
+#include "tools/TemporaryFile.h"
 #include "tools/ToolError.h"
 
 #include <atomic>
@@ -8,9 +10,6 @@
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
-#include <sys/stat.h>
-#include <unistd.h>
-#include <vector>
 
 namespace {
 
@@ -24,7 +23,7 @@ std::atomic<bool> slotUsed[kSlots];
 void removeTemporariesAndReraise(int signalNumber) {
     for (int slot = 0; slot < kSlots; ++slot) {
         if (slotUsed[slot].load()) {
-            unlink(slotPaths[slot]);
+            std::remove(slotPaths[slot]);
         }
     }
     std::signal(signalNumber, SIG_DFL);
@@ -34,7 +33,7 @@ void removeTemporariesAndReraise(int signalNumber) {
 void installSignalHandlers() {
     static bool installed = false;
     if (!installed) {
-        for (int signalNumber : {SIGINT, SIGTERM, SIGHUP, SIGSEGV, SIGBUS, SIGABRT, SIGFPE}) {
+        for (int signalNumber : fatalSignals()) {
             std::signal(signalNumber, removeTemporariesAndReraise);
         }
         installed = true;
@@ -55,43 +54,27 @@ int claimSlot(const std::string& path) {
     return -1;
 }
 
-mode_t modeForNewFile(const std::string& destination) {
-    struct stat existing;
-    if (stat(destination.c_str(), &existing) == 0) {
-        return existing.st_mode & 07777;
-    }
-    const mode_t mask = umask(0);
-    umask(mask);
-    return 0666 & ~mask;
-}
-
 } // namespace
 
 PendingOutput::PendingOutput(const std::string& finalPath) : destination(finalPath) {
-    struct stat existing;
-    if (stat(finalPath.c_str(), &existing) == 0 && S_ISDIR(existing.st_mode)) {
+    if (IsDirectory(finalPath)) {
         throw ToolError("cannot write " + finalPath + ": it is a folder");
     }
     const std::size_t slash = finalPath.rfind('/');
     const std::string folder = slash == std::string::npos ? "" : finalPath.substr(0, slash + 1);
     const std::string name = slash == std::string::npos ? finalPath : finalPath.substr(slash + 1);
     std::string pattern = folder + "." + name + ".XXXXXX";
-    std::vector<char> buffer(pattern.begin(), pattern.end());
-    buffer.push_back('\0');
-    const int descriptor = mkstemp(buffer.data());
-    if (descriptor < 0) {
+    if (!createTemporaryFile(pattern, finalPath)) {
         throw ToolError("cannot write " + finalPath + ": " + std::strerror(errno));
     }
-    fchmod(descriptor, modeForNewFile(finalPath));
-    close(descriptor);
-    temporary = buffer.data();
+    temporary = pattern;
     installSignalHandlers();
     signalSlot = claimSlot(temporary);
 }
 
 PendingOutput::~PendingOutput() {
     if (!committed) {
-        unlink(temporary.c_str());
+        RemoveFile(temporary);
     }
     if (signalSlot >= 0) {
         slotUsed[signalSlot].store(false);
@@ -99,7 +82,7 @@ PendingOutput::~PendingOutput() {
 }
 
 void PendingOutput::commit() {
-    if (std::rename(temporary.c_str(), destination.c_str()) != 0) {
+    if (!RenameOver(temporary, destination)) {
         throw ToolError("cannot write " + destination + ": " + std::strerror(errno));
     }
     committed = true;

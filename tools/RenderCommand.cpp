@@ -49,7 +49,7 @@ int runRender(const CommandLine& commandLine, const ToolContext& context) {
     const PluginSettings settings = readSettings(commandLine);
 
     std::unique_ptr<SignalSource> source;
-    int inputFormat = SF_FORMAT_WAV | SF_FORMAT_FLOAT;
+    int inputFormat = floatWavFormat();
     if (demo) {
         source = std::make_unique<DemoSignal>(
             static_cast<int>(commandLine.integer("rate", kDemoSampleRate, 8000, 384000)));

@@ -1,6 +1,8 @@
-// zephyra: a command-line host for Linux VST 2.4 plug-ins. It renders audio through a
-// plug-in, plots its response, measures its speed and opens its editor.
+// zephyra: a command-line host for VST 2.4 plug-ins. It renders audio through a plug-in,
+// plots its response, measures its speed, opens its editor and runs it on live audio.
 #include "tools/Commands.h"
+#include "tools/ModuleLoader.h"
+#include "tools/ProgramArguments.h"
 #include "tools/ResultStream.h"
 #include "tools/ToolError.h"
 
@@ -15,8 +17,14 @@ constexpr int kExitFailure = 1;
 constexpr int kExitUsage = 2;
 
 std::vector<Command> allCommands() {
+#ifdef _WIN32
+    // Plots, editors and live audio need Cairo, the window toolkit and JACK, which the
+    // Windows build does not have yet.
+    return {infoCommand(), renderCommand(), benchCommand()};
+#else
     return {infoCommand(),  renderCommand(), plotCommand(),
             benchCommand(), editorCommand(), liveCommand()};
+#endif
 }
 
 void printOptions(std::FILE* out, const std::vector<OptionDefinition>& options) {
@@ -30,9 +38,13 @@ void printOptions(std::FILE* out, const std::vector<OptionDefinition>& options) 
 }
 
 void printUsage(std::FILE* out) {
-    std::fprintf(out, "usage: zephyra [--plugin PATH] COMMAND [ARGUMENTS] [OPTIONS]\n\n"
-                      "The plug-in is PATH, else Zephyra.so beside this program, else "
-                      "~/.vst/Zephyra.so.\n\n");
+    const std::string name = module_loader::kDefaultModuleName;
+    const std::string userFolder =
+        module_loader::UserPluginFolder().empty() ? std::string() : ", else ~/.vst/" + name;
+    std::fprintf(out,
+                 "usage: zephyra [--plugin PATH] COMMAND [ARGUMENTS] [OPTIONS]\n\n"
+                 "The plug-in is PATH, else %s beside this program%s.\n\n",
+                 name.c_str(), userFolder.c_str());
     for (const Command& command : allCommands()) {
         const std::string synopsis =
             std::string(command.name) + (*command.arguments ? " " : "") + command.arguments;
@@ -88,7 +100,7 @@ int main(int argc, char** argv) {
     reserveStdoutForResults();
     int status = kExitFailure;
     try {
-        status = run(std::vector<std::string>(argv + 1, argv + argc));
+        status = run(programArguments(argc, argv));
     } catch (const UsageError& error) {
         std::fprintf(stderr, "zephyra: %s\n", error.what());
         status = kExitUsage;

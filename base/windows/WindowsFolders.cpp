@@ -10,6 +10,7 @@
 
 #include <shlobj.h>
 
+#include <cerrno>
 #include <cwchar>
 
 namespace {
@@ -94,8 +95,13 @@ std::string NormalizedPath(const char* path) {
 }
 
 bool RenameOver(const std::string& source, const std::string& destination) {
-    return MoveFileExW(WideFromUtf8(source).c_str(), WideFromUtf8(destination).c_str(),
-                       MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH);
+    if (MoveFileExW(WideFromUtf8(source).c_str(), WideFromUtf8(destination).c_str(),
+                    MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH)) {
+        return true;
+    }
+    // Callers report errno, as the C library's rename sets it.
+    errno = GetLastError() == ERROR_FILE_NOT_FOUND ? ENOENT : EACCES;
+    return false;
 }
 
 bool RemoveFile(const std::string& path) {

@@ -1,8 +1,11 @@
+// Audio files through libsndfile.
 #include "tools/AudioFile.h"
 
+#include "tools/FileExtension.h"
 #include "tools/ToolError.h"
 
-#include <cctype>
+#include <sndfile.h>
+
 #include <cerrno>
 #include <cstring>
 #include <fcntl.h>
@@ -26,19 +29,6 @@ constexpr Container kContainers[] = {
     {"mp3", SF_FORMAT_MPEG, SF_FORMAT_MPEG_LAYER_III},
 };
 
-std::string lowerCaseExtension(const std::string& path) {
-    const std::size_t dot = path.rfind('.');
-    const std::size_t slash = path.rfind('/');
-    if (dot == std::string::npos || (slash != std::string::npos && dot < slash)) {
-        return "";
-    }
-    std::string extension = path.substr(dot + 1);
-    for (char& c : extension) {
-        c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
-    }
-    return extension;
-}
-
 bool formatFits(int format, int channels, int sampleRate) {
     SF_INFO probe{};
     probe.format = format;
@@ -48,6 +38,15 @@ bool formatFits(int format, int channels, int sampleRate) {
 }
 
 } // namespace
+
+struct AudioFileReader::File {
+    SF_INFO info{};
+    SNDFILE* handle = nullptr;
+};
+
+struct AudioFileWriter::File {
+    SNDFILE* handle = nullptr;
+};
 
 AudioFileReader::AudioFileReader(const std::string& path) {
     // libsndfile says little about why a file could not be opened, so ask the system first.
@@ -61,58 +60,80 @@ AudioFileReader::AudioFileReader(const std::string& path) {
     if (isFolder) {
         throw ToolError("cannot read " + path + ": it is a folder");
     }
-    file = sf_open(path.c_str(), SFM_READ, &info);
-    if (file == nullptr) {
+    SF_INFO info{};
+    SNDFILE* handle = sf_open(path.c_str(), SFM_READ, &info);
+    if (handle == nullptr) {
         throw ToolError(path + " is not an audio file libsndfile can read (" +
                         sf_strerror(nullptr) + ")");
     }
     if (info.channels < 1 || info.samplerate < 1) {
-        sf_close(file);
+        sf_close(handle);
         throw ToolError(path + " holds no audio");
     }
+    file.reset(new File{info, handle});
 }
 
 AudioFileReader::~AudioFileReader() {
-    sf_close(file);
+    sf_close(file->handle);
+}
+
+int AudioFileReader::channels() const {
+    return file->info.channels;
+}
+
+int AudioFileReader::sampleRate() const {
+    return file->info.samplerate;
+}
+
+int64_t AudioFileReader::frames() const {
+    return file->info.frames;
+}
+
+int AudioFileReader::format() const {
+    return file->info.format;
 }
 
 int64_t AudioFileReader::read(double* interleaved, int64_t count) {
-    return sf_readf_double(file, interleaved, count);
+    return sf_readf_double(file->handle, interleaved, count);
 }
 
 AudioFileWriter::AudioFileWriter(const std::string& path, const std::string& shownPath, int format,
                                  int channels, int sampleRate)
-    : shownPath(shownPath) {
+    : shownPath(shownPath), file(std::make_unique<File>()) {
     SF_INFO info{};
     info.format = format;
     info.channels = channels;
     info.samplerate = sampleRate;
-    file = sf_open(path.c_str(), SFM_WRITE, &info);
-    if (file == nullptr) {
+    file->handle = sf_open(path.c_str(), SFM_WRITE, &info);
+    if (file->handle == nullptr) {
         throw ToolError("cannot write " + shownPath + ": " + sf_strerror(nullptr));
     }
     // Integer formats clip instead of wrapping round when an equaliser boosts past full scale.
-    sf_command(file, SFC_SET_CLIPPING, nullptr, SF_TRUE);
+    sf_command(file->handle, SFC_SET_CLIPPING, nullptr, SF_TRUE);
 }
 
 AudioFileWriter::~AudioFileWriter() {
-    if (file != nullptr) {
-        sf_close(file);
+    if (file->handle != nullptr) {
+        sf_close(file->handle);
     }
 }
 
 void AudioFileWriter::write(const double* interleaved, int64_t count) {
-    if (sf_writef_double(file, interleaved, count) != count) {
-        throw ToolError("cannot write " + shownPath + ": " + sf_strerror(file));
+    if (sf_writef_double(file->handle, interleaved, count) != count) {
+        throw ToolError("cannot write " + shownPath + ": " + sf_strerror(file->handle));
     }
 }
 
 void AudioFileWriter::close() {
-    const int result = sf_close(file);
-    file = nullptr;
+    const int result = sf_close(file->handle);
+    file->handle = nullptr;
     if (result != 0) {
         throw ToolError("cannot write " + shownPath + ": " + sf_error_number(result));
     }
+}
+
+int floatWavFormat() {
+    return SF_FORMAT_WAV | SF_FORMAT_FLOAT;
 }
 
 int chooseOutputFormat(const std::string& outputPath, int inputFormat, int channels,
