@@ -4,7 +4,7 @@ built for each system.
 
 Cases:
   render  the same input and settings give the same WAV samples, bit for bit, and the same
-          description of the plug-in
+          description of the plug-in; 16 and 24-bit integer input is read at full scale 1
   errors  a missing input or a file that is no plug-in: exit status 1, one line on stderr,
           and the output that was there before is left alone
 
@@ -16,6 +16,7 @@ import argparse
 import json
 import math
 import os
+import struct
 import subprocess
 import sys
 import tempfile
@@ -57,6 +58,30 @@ def render_case(arguments, folder):
     differing = sum(a != b for a, b in zip(linux_data, windows_data))
     check(differing == 0, "%d bytes of the samples differ" % differing)
     check(linux_info == windows_info, "descriptions differ:\n%s\n%s" % (linux_info, windows_info))
+
+    # The fixture at its defaults passes samples through, so the floats written are the
+    # integers read, scaled.
+    for bits in (16, 24):
+        values = [-(1 << (bits - 1)), -1, 0, 1, (1 << (bits - 1)) - 1]
+        write_integer_wav(os.path.join(folder, "int.wav"), bits, values)
+        result = run([arguments.wine, arguments.windows_cli, "--plugin", arguments.windows_plugin,
+                      "render", "int.wav", "int-out.wav", "--tail", "0"], folder)
+        check(result.returncode == 0, "%d-bit render failed: %s" % (bits, result.stderr))
+        (_, data) = float_samples(os.path.join(folder, "int-out.wav"))
+        left = struct.unpack("<%df" % (len(data) // 4), data)[0::2]
+        check(list(left) == [v / float(1 << (bits - 1)) for v in values],
+              "%d-bit samples read as %s" % (bits, left))
+
+
+def write_integer_wav(path, bits, values):
+    """A stereo PCM WAV file with the values on both channels."""
+    size = bits // 8
+    raw = b"".join(v.to_bytes(size, "little", signed=True) * 2 for v in values)
+    fmt = struct.pack("<HHIIHH", 1, 2, 48000, 48000 * 2 * size, 2 * size, bits)
+    body = b"WAVE" + b"fmt " + struct.pack("<I", len(fmt)) + fmt
+    body += b"data" + struct.pack("<I", len(raw)) + raw
+    with open(path, "wb") as file:
+        file.write(b"RIFF" + struct.pack("<I", len(body)) + body)
 
 
 def errors_case(arguments, folder):
