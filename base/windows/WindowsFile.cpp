@@ -18,6 +18,21 @@ std::wstring widePath(const char* pathOrURL) {
     return WideFromUtf8(FileURLToPath(pathOrURL));
 }
 
+// Moves count bytes with calls that may move fewer at a time; returns how many were moved
+// before the end of the file or an error (a call that moves nothing).
+template <typename Byte, typename Transfer>
+unsigned transferAll(Byte* bytes, unsigned count, Transfer transfer) {
+    unsigned done = 0;
+    while (done < count) {
+        const DWORD moved = transfer(bytes + done, count - done);
+        if (moved == 0) {
+            break;
+        }
+        done += moved;
+    }
+    return done;
+}
+
 } // namespace
 
 CFile::~CFile() {
@@ -47,31 +62,19 @@ bool CFile::Open(const char* pathOrURL, unsigned flags) {
 }
 
 unsigned CFile::Read(void* buffer, unsigned count) {
-    auto* bytes = static_cast<char*>(buffer);
-    unsigned done = 0;
-    while (IsOpen() && done < count) {
+    return transferAll(static_cast<char*>(buffer), count, [this](char* at, DWORD left) {
         DWORD moved = 0;
-        if (!ReadFile(handleOf(m_handle), bytes + done, count - done, &moved, nullptr) ||
-            moved == 0) {
-            break;
-        }
-        done += moved;
-    }
-    return done;
+        return IsOpen() && ReadFile(handleOf(m_handle), at, left, &moved, nullptr) ? moved : 0;
+    });
 }
 
 bool CFile::Write(const void* buffer, unsigned count) {
-    const auto* bytes = static_cast<const char*>(buffer);
-    unsigned done = 0;
-    while (IsOpen() && done < count) {
-        DWORD moved = 0;
-        if (!WriteFile(handleOf(m_handle), bytes + done, count - done, &moved, nullptr) ||
-            moved == 0) {
-            break;
-        }
-        done += moved;
-    }
-    return done == count;
+    const auto written =
+        transferAll(static_cast<const char*>(buffer), count, [this](const char* at, DWORD left) {
+            DWORD moved = 0;
+            return IsOpen() && WriteFile(handleOf(m_handle), at, left, &moved, nullptr) ? moved : 0;
+        });
+    return written == count;
 }
 
 int64_t CFile::Seek(int64_t offset, SeekPosition from) {
