@@ -145,17 +145,31 @@ TEST_F(DefaultBankFile, SavingWritesTheHeaderAndMovesTheEditsForTheNextOpen) {
     EXPECT_EQ(ProgramName(reopened, 3), "Bright");
 }
 
-#ifndef _WIN32
-// Makes writes past a byte limit fail, as on a full disk, for the life of the object.
-class DiskFullAfter {
+#ifdef _WIN32
+// A folder where the save writes its temporary copy, so that the save cannot begin, for the
+// life of the object. (A full disk cannot be had for one process on Windows.)
+class FailingSave {
 public:
-    explicit DiskFullAfter(rlim_t bytes) : m_handler(std::signal(SIGXFSZ, SIG_IGN)) {
+    explicit FailingSave(const std::string& bankFile)
+        : m_blocker(bankFile + ".saving-" + std::to_string(GetCurrentProcessId())) {
+        std::filesystem::create_directory(m_blocker);
+    }
+    ~FailingSave() { std::filesystem::remove(m_blocker); }
+
+private:
+    std::string m_blocker;
+};
+#else
+// Makes writes past a byte limit fail, as on a full disk, for the life of the object.
+class FailingSave {
+public:
+    explicit FailingSave(const std::string&) : m_handler(std::signal(SIGXFSZ, SIG_IGN)) {
         getrlimit(RLIMIT_FSIZE, &m_old);
         rlimit limit = m_old;
-        limit.rlim_cur = bytes;
+        limit.rlim_cur = 1000;
         setrlimit(RLIMIT_FSIZE, &limit);
     }
-    ~DiskFullAfter() {
+    ~FailingSave() {
         setrlimit(RLIMIT_FSIZE, &m_old);
         std::signal(SIGXFSZ, m_handler);
     }
@@ -167,9 +181,6 @@ private:
 #endif
 
 TEST_F(DefaultBankFile, AFailedSaveKeepsThePreviousFileAndSaysSo) {
-#ifdef _WIN32
-    GTEST_SKIP() << "Windows has no per-process file size limit to fail the write with";
-#else
     AZephyra effect(RecordingHost::Callback);
     effect.open();
     ASSERT_TRUE(effect.SaveProgram(1, "First"));
@@ -177,7 +188,7 @@ TEST_F(DefaultBankFile, AFailedSaveKeepsThePreviousFileAndSaysSo) {
     effect.setParameter(kParamQ2, 0.9f);
     host.calls.clear();
     {
-        DiskFullAfter limit(1000);
+        FailingSave failure(PreferencesCopy());
         EXPECT_FALSE(effect.SaveProgram(2, "Second"));
     }
 
@@ -185,7 +196,6 @@ TEST_F(DefaultBankFile, AFailedSaveKeepsThePreviousFileAndSaysSo) {
     EXPECT_EQ(std::distance(std::filesystem::directory_iterator(preferences.folder.Path()), {}), 1)
         << "no half-written file is left behind";
     EXPECT_EQ(host.Count(audioMasterUpdateDisplay), 1u);
-#endif
 }
 
 } // namespace
