@@ -5,8 +5,9 @@ built for each system.
 Cases:
   render  the same input and settings give the same WAV samples, bit for bit, and the same
           description of the plug-in; 16 and 24-bit integer input is read at full scale 1
-  errors  a missing input or a file that is no plug-in: exit status 1, one line on stderr,
-          and the output that was there before is left alone
+  errors  a missing or non-audio input, a file that is no plug-in, an output format it does
+          not write: exit status 1, one line on stderr, and the output that was there
+          before is left alone
 
 usage: windows_render.py CASE --wine W --windows-cli zephyra.exe --windows-plugin F.dll
                               --linux-cli zephyra --linux-plugin F.so
@@ -94,6 +95,8 @@ def errors_case(arguments, folder):
     for command, message in (
             (["--plugin", arguments.windows_plugin, "render", "absent.wav", "out.wav"],
              "cannot read absent.wav"),
+            (["--plugin", arguments.windows_plugin, "render", "notes.txt", "out.wav"],
+             "notes.txt is not an audio file"),
             (["--plugin", "notes.txt", "render", "in.wav", "out.wav"],
              "is not a VST 2.4 plug-in"),
             (["--plugin", arguments.windows_plugin, "render", "in.wav", "out.flac"],
