@@ -1,5 +1,6 @@
-// Folders on POSIX systems: the XDG preferences folder, the loaded object's folder found
-// through the dynamic loader, directories made with their parents.
+// Folders and files on POSIX systems: the XDG preferences folder, the loaded object's
+// folder found through the dynamic loader, directories made with their parents, and the C
+// library's rename, which replaces a file in one step.
 #include "base/PlatformFolders.h"
 
 #include <cstdio>

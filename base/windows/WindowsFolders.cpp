@@ -1,6 +1,6 @@
-// Folders on Windows: the roaming application data folder, the folder of the DLL or
-// program this code is linked into, and directories made with their parents. Paths come
-// back with "/" between folders.
+// Folders and files on Windows: the roaming application data folder, the folder of the
+// DLL or program this code is linked into, directories made with their parents, and a
+// move that replaces a file in one step. Paths come back with "/" between folders.
 #include "base/PlatformFolders.h"
 
 #include "base/windows/ModulePath.h"
