@@ -11,8 +11,8 @@ namespace module_loader {
 // empty where the system has no such folder of the user's).
 extern const char kDefaultModuleName[];
 std::string UserPluginFolder();
-// How a message names the places above, after "beside the executable".
-extern const char kUserPluginFolderText[];
+// How messages name that folder ("~/.vst"; empty where there is none).
+extern const char kUserPluginFolderShown[];
 
 // Null when the module cannot be loaded, with the system's reason in error.
 void* Open(const std::string& path, std::string& error);

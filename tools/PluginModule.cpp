@@ -77,5 +77,8 @@ std::string defaultPluginPath() {
         }
     }
     throw ToolError("no plug-in given and no " + name + " beside the executable" +
-                    module_loader::kUserPluginFolderText + "; use --plugin PATH");
+                    (*module_loader::kUserPluginFolderShown
+                         ? std::string(" or in ") + module_loader::kUserPluginFolderShown
+                         : std::string()) +
+                    "; use --plugin PATH");
 }

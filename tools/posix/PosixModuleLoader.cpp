@@ -11,7 +11,7 @@
 namespace module_loader {
 
 const char kDefaultModuleName[] = "Zephyra.so";
-const char kUserPluginFolderText[] = " or in ~/.vst";
+const char kUserPluginFolderShown[] = "~/.vst";
 
 std::string UserPluginFolder() {
     const char* home = std::getenv("HOME");

@@ -13,7 +13,7 @@
 namespace module_loader {
 
 const char kDefaultModuleName[] = "Zephyra.dll";
-const char kUserPluginFolderText[] = "";
+const char kUserPluginFolderShown[] = "";
 
 // Windows names no plug-in folder of the user's: every host keeps its own list.
 std::string UserPluginFolder() {
