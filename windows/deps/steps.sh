@@ -5,8 +5,8 @@
 
 cc="$host-gcc-posix"
 
-# autotools_build NAME SOURCE-DIR CONFIGURE-ARGUMENTS...
-autotools_build() {
+# autotools_configure NAME SOURCE-DIR CONFIGURE-ARGUMENTS...: configures in $work/NAME.
+autotools_configure() {
     name=$1
     source_dir=$2
     shift 2
@@ -14,8 +14,13 @@ autotools_build() {
     mkdir -p "$work/$name"
     (cd "$work/$name" &&
         "$source_dir/configure" --host="$host" --prefix="$prefix" \
-            --enable-static --disable-shared CC="$cc" "$@" &&
-        make -j "$jobs" install)
+            --enable-static --disable-shared CC="$cc" "$@")
+}
+
+# autotools_build NAME SOURCE-DIR CONFIGURE-ARGUMENTS...: configures, builds, installs.
+autotools_build() {
+    autotools_configure "$@"
+    make -C "$work/$1" -j "$jobs" install
 }
 
 # meson_build NAME SOURCE-DIR MESON-OPTIONS...
@@ -56,12 +61,16 @@ step_libpng() {
 # cairo 1.16 has no meson build yet. Only the image surface, the win32 surface and font
 # backend and PNG support are built.
 step_cairo() {
-    autotools_build cairo "$src/cairo" CFLAGS=-O2 \
+    autotools_configure cairo "$src/cairo" CFLAGS=-O2 \
         --enable-win32 --enable-win32-font --enable-png \
         --disable-xlib --disable-xcb --disable-xlib-xrender --disable-ft --disable-fc \
         --disable-gobject --disable-interpreter --disable-trace --disable-symbol-lookup \
         --disable-script --disable-ps --disable-pdf --disable-svg --disable-gtk-doc \
         --disable-full-testing --disable-test-surfaces
+    # Only the library and the .pc files: the top-level install also builds the test
+    # suite, which wants freetype whatever configure was told.
+    make -C "$work/cairo/src" -j "$jobs" install
+    make -C "$work/cairo" install-pkgconfigDATA
     # The header declares every function dllimport unless CAIRO_WIN32_STATIC_BUILD is
     # defined. cairo's configure compiles with -D_FORTIFY_SOURCE=2, which mingw's headers
     # serve from libssp; and the win32 backend calls GDI and AlphaBlend. A static user
