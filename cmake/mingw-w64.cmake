@@ -25,3 +25,19 @@ find_program(ZEPHYRA_WINE NAMES wine64 wine PATHS /usr/lib/wine NO_CMAKE_FIND_RO
 if(ZEPHYRA_WINE)
     set(CMAKE_CROSSCOMPILING_EMULATOR ${ZEPHYRA_WINE})
 endif()
+
+# Cairo, Pango and what they need, built as static libraries by windows/deps/build.sh:
+#   -DZEPHYRA_WINDOWS_DEPS="$(windows/deps/build.sh /var/cache/zephyra-windows-deps)"
+# pkg-config then looks there only (not at the build machine's own .pc files) and answers
+# for static linking; the .pc files carry the defines and system libraries static users
+# need (CAIRO_WIN32_STATIC_BUILD, gdi32, ...).
+if(ZEPHYRA_WINDOWS_DEPS)
+    if(NOT EXISTS ${ZEPHYRA_WINDOWS_DEPS}/lib/pkgconfig/pangocairo.pc)
+        message(FATAL_ERROR "ZEPHYRA_WINDOWS_DEPS=${ZEPHYRA_WINDOWS_DEPS} holds no pangocairo.pc")
+    endif()
+    set(ENV{PKG_CONFIG_LIBDIR} ${ZEPHYRA_WINDOWS_DEPS}/lib/pkgconfig)
+    set(ENV{PKG_CONFIG_PATH} "")
+    set(PKG_CONFIG_ARGN --static)
+    # FindPkgConfig looks the libraries up with find_library, which searches only the roots.
+    list(APPEND CMAKE_FIND_ROOT_PATH ${ZEPHYRA_WINDOWS_DEPS})
+endif()
