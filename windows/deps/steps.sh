@@ -67,10 +67,9 @@ step_cairo() {
         --disable-gobject --disable-interpreter --disable-trace --disable-symbol-lookup \
         --disable-script --disable-ps --disable-pdf --disable-svg --disable-gtk-doc \
         --disable-full-testing --disable-test-surfaces
-    # Only the library and the .pc files: the top-level install also builds the test
-    # suite, which wants freetype whatever configure was told.
+    # Only src/, which holds the library, its headers and .pc files: the top-level install
+    # also builds the test suite, which wants freetype whatever configure was told.
     make -C "$work/cairo/src" -j "$jobs" install
-    make -C "$work/cairo" install-pkgconfigDATA
     # The header declares every function dllimport unless CAIRO_WIN32_STATIC_BUILD is
     # defined. cairo's configure compiles with -D_FORTIFY_SOURCE=2, which mingw's headers
     # serve from libssp; and the win32 backend calls GDI and AlphaBlend. A static user
