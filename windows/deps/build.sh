@@ -113,6 +113,24 @@ LIST
     apt_knows_sources || fail "apt does not offer every version listed in $deps_dir/sources"
 fi
 
+# apply_debian_patches PACKAGE: the unpacked package's quilt series, but for the patches
+# listed in skipped-patches. (A source package of the old format has no series: its one
+# diff is applied on unpacking.)
+apply_debian_patches() {
+    dir=$src/$1
+    series=$dir/debian/patches/series
+    [ -f "$series" ] || return 0
+    sed -e 's/#.*//' "$series" | while read -r patch options; do
+        [ -n "$patch" ] || continue
+        if grep -v '^#' "$deps_dir/skipped-patches" | grep -qx "$1[[:space:]]\+$patch"; then
+            echo "$1: skipping $patch" >>"$logs/fetch.log"
+            continue
+        fi
+        patch -d "$dir" -s -f ${options:--p1} <"$dir/debian/patches/$patch" >>"$logs/fetch.log" 2>&1 ||
+            fail "$1: $patch does not apply (see $logs/fetch.log)"
+    done
+}
+
 # Fetching: apt checks each file against the archive's signed index. A package used
 # without its Debian patches needs only its upstream tarball (the mirror may lack the rest).
 say "fetching source packages"
@@ -125,7 +143,9 @@ source_lines | while read -r package version patches; do
         fi
     fi
     if [ "$patches" = debian ]; then
-        dpkg-source -q -x "$downloads/${package}_$version.dsc" "$src/$package" >>"$logs/fetch.log" 2>&1
+        dpkg-source -q -x --skip-patches "$downloads/${package}_$version.dsc" "$src/$package" \
+            >>"$logs/fetch.log" 2>&1
+        apply_debian_patches "$package"
     else
         mkdir "$src/$package"
         tar -xf "$downloads/${package}_$upstream.orig.tar."* --strip-components=1 -C "$src/$package"
