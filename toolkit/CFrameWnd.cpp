@@ -51,7 +51,9 @@ bool CFrameWnd::SetNativeHandle(void* systemWindow) {
     m_systemWindow = systemWindow;
     if (!systemWindow)
         return true;
-    auto view = MFCView0::WrapHostNS(AfxOpenPlatform(), systemWindow, this);
+    auto platform = AfxOpenPlatform();
+    const bool platformRunsWork = platform->RunsMainThreadWork();
+    auto view = MFCView0::WrapHostNS(std::move(platform), systemWindow, this);
     if (!view) {
         m_systemWindow = nullptr;
         return false;
@@ -61,7 +63,8 @@ bool CFrameWnd::SetNativeHandle(void* systemWindow) {
     if (!AttachNativeView(std::move(view)))
         return false;
     Attached(this);
-    m_fallback = std::make_unique<FallbackIdleDriver>();
+    if (!platformRunsWork)
+        m_fallback = std::make_unique<FallbackIdleDriver>();
     return true;
 }
 

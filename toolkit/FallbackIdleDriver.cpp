@@ -10,6 +10,12 @@ std::recursive_mutex& AfxUiLock() {
     return lock;
 }
 
+void AfxRunMainThreadPass() {
+    std::unique_lock<std::recursive_mutex> ui(AfxUiLock(), std::try_to_lock);
+    if (ui.owns_lock())
+        AfxPumpMessages();
+}
+
 FallbackIdleDriver::FallbackIdleDriver() : m_thread(&FallbackIdleDriver::Run, this) {}
 
 FallbackIdleDriver::~FallbackIdleDriver() {
@@ -24,10 +30,6 @@ FallbackIdleDriver::~FallbackIdleDriver() {
 void FallbackIdleDriver::Run() {
     pthread_setname_np(pthread_self(), "zephyra-idle");
     std::unique_lock<std::mutex> lock(m_mutex);
-    while (
-        !m_wake.wait_for(lock, std::chrono::milliseconds(kPeriodMs), [this] { return m_stop; })) {
-        std::unique_lock<std::recursive_mutex> ui(AfxUiLock(), std::try_to_lock);
-        if (ui.owns_lock())
-            AfxPumpMessages();
-    }
+    while (!m_wake.wait_for(lock, std::chrono::milliseconds(kPeriodMs), [this] { return m_stop; }))
+        AfxRunMainThreadPass();
 }

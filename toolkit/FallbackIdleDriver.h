@@ -30,3 +30,7 @@ private:
 // The lock that every thread running toolkit code holds while the fallback driver may run:
 // the host's editor calls take it, and the driver takes it for each pass.
 std::recursive_mutex& AfxUiLock();
+// One pass of the main thread's work (AfxPumpMessages) if the lock is free now; skipped
+// otherwise, so that a thread holding the lock (and perhaps waiting for the caller) is never
+// kept waiting. What the fallback driver and a platform's own timer run.
+void AfxRunMainThreadPass();

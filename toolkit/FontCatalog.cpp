@@ -1,10 +1,7 @@
 #include "toolkit/FontCatalog.h"
 
-#include <fontconfig/fontconfig.h>
-#include <ft2build.h>
-#include FT_FREETYPE_H
+#include "toolkit/InstalledFonts.h"
 
-#include <cstring>
 #include <map>
 #include <memory>
 #include <mutex>
@@ -12,9 +9,12 @@
 
 namespace {
 
-// Japanese gothic faces of this system that take the place of the Japanese system face.
+// Japanese gothic faces that take the place of the Japanese system face, in order of
+// preference: the free faces a Linux system (or wine) has, then Windows' own.
 const std::map<std::string, std::vector<const char*>> kStandIns = {
-    {"Osaka", {"IPAGothic", "IPAPGothic", "Noto Sans CJK JP", "NotoSansCJKjp-Regular"}},
+    {"Osaka",
+     {"IPAGothic", "IPAPGothic", "Noto Sans CJK JP", "NotoSansCJKjp-Regular", "Yu Gothic UI",
+      "Meiryo UI", "MS UI Gothic"}},
 };
 
 struct Catalog {
@@ -27,81 +27,19 @@ Catalog& TheCatalog() {
     return catalog;
 }
 
-std::unique_ptr<FontFace> ReadFace(FcPattern* pattern) {
-    FcChar8* file = nullptr;
-    FcChar8* family = nullptr;
-    int index = 0;
-    if (FcPatternGetString(pattern, FC_FILE, 0, &file) != FcResultMatch ||
-        FcPatternGetString(pattern, FC_FAMILY, 0, &family) != FcResultMatch)
-        return nullptr;
-    FcPatternGetInteger(pattern, FC_INDEX, 0, &index);
-
-    FT_Library library = nullptr;
-    if (FT_Init_FreeType(&library) != 0)
-        return nullptr;
-    std::unique_ptr<FontFace> face;
-    FT_Face ftFace = nullptr;
-    if (FT_New_Face(library, reinterpret_cast<const char*>(file), index, &ftFace) == 0) {
-        if (ftFace->units_per_EM > 0)
-            face = std::make_unique<FontFace>(FontFace{
-                reinterpret_cast<const char*>(family), static_cast<double>(ftFace->units_per_EM),
-                static_cast<double>(ftFace->bbox.yMax - ftFace->bbox.yMin),
-                static_cast<double>(ftFace->ascender)});
-        FT_Done_Face(ftFace);
-    }
-    FT_Done_FreeType(library);
-    return face;
-}
-
-// The first installed face whose property (PostScript or full name) equals the name.
-std::unique_ptr<FontFace> ListByProperty(const char* property, const char* name) {
-    FcPattern* pattern = FcPatternCreate();
-    FcPatternAddString(pattern, property, reinterpret_cast<const FcChar8*>(name));
-    FcObjectSet* objects = FcObjectSetBuild(FC_FILE, FC_INDEX, FC_FAMILY, nullptr);
-    FcFontSet* found = FcFontList(nullptr, pattern, objects);
-    std::unique_ptr<FontFace> face;
-    if (found) {
-        for (int i = 0; i < found->nfont && !face; ++i)
-            face = ReadFace(found->fonts[i]);
-        FcFontSetDestroy(found);
-    }
-    FcObjectSetDestroy(objects);
-    FcPatternDestroy(pattern);
-    return face;
-}
-
 std::unique_ptr<FontFace> LookUp(const char* name) {
-    if (auto face = ListByProperty(FC_POSTSCRIPT_NAME, name))
-        return face;
-    if (auto face = ListByProperty(FC_FULLNAME, name))
+    if (auto face = installed_fonts::FindByName(name))
         return face;
     const auto standIns = kStandIns.find(name);
     if (standIns != kStandIns.end()) {
         for (const char* standIn : standIns->second) {
-            if (auto face = ListByProperty(FC_POSTSCRIPT_NAME, standIn))
+            if (auto face = installed_fonts::FindByName(standIn))
                 return face;
-            if (auto face = ListByProperty(FC_FAMILY, standIn))
+            if (auto face = installed_fonts::FindFamily(standIn))
                 return face;
         }
     }
     return nullptr;
-}
-
-// Whatever the configuration matches for the family, aliases included.
-std::unique_ptr<FontFace> BestMatch(const char* family) {
-    FcPattern* pattern = FcPatternCreate();
-    FcPatternAddString(pattern, FC_FAMILY, reinterpret_cast<const FcChar8*>(family));
-    FcConfigSubstitute(nullptr, pattern, FcMatchPattern);
-    FcDefaultSubstitute(pattern);
-    FcResult result = FcResultNoMatch;
-    FcPattern* match = FcFontMatch(nullptr, pattern, &result);
-    std::unique_ptr<FontFace> face;
-    if (match) {
-        face = ReadFace(match);
-        FcPatternDestroy(match);
-    }
-    FcPatternDestroy(pattern);
-    return face;
 }
 
 } // namespace
@@ -119,7 +57,7 @@ const FontFace* FindFontFace(const char* name) {
 
 const FontFace& DefaultFontFace() {
     static const std::unique_ptr<FontFace> face = [] {
-        auto found = BestMatch("Helvetica");
+        auto found = installed_fonts::BestMatch("Helvetica");
         if (!found)
             found = std::make_unique<FontFace>(FontFace{"Sans", 1000.0, 1200.0, 800.0});
         return found;

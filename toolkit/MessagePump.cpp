@@ -1,11 +1,12 @@
 #include "toolkit/MessagePump.h"
 
 #include "toolkit/CWnd.h"
+#include "toolkit/FallbackIdleDriver.h"
 #include "toolkit/MFCView0.h"
 #include "toolkit/PostedMessageRing.h"
 #include "toolkit/WindowTimer.h"
+#include "toolkit/platform/SystemPlatform.h"
 #include "toolkit/platform/headless/HeadlessPlatform.h"
-#include "toolkit/platform/x11/OpenX11Platform.h"
 
 #include <algorithm>
 #include <chrono>
@@ -14,9 +15,10 @@
 
 namespace {
 
-// An X display when there is one; without, windows live in memory (off-screen rendering).
+// The window system when there is one; without, windows live in memory (off-screen
+// rendering).
 std::shared_ptr<native::NativePlatform> OpenDefaultPlatform() {
-    if (auto display = native::OpenX11Platform())
+    if (auto display = native::OpenSystemPlatform(AfxRunMainThreadPass))
         return display;
     return native::HeadlessPlatform::Shared();
 }

@@ -91,6 +91,9 @@ public:
     virtual void ProcessEvents() = 0;
     // Blocks until a native event may be pending or the time is up.
     virtual void WaitForEvents(int timeoutMs) = 0;
+    // Whether the platform runs the toolkit's main-thread work itself, on the thread of its
+    // windows (a native timer in the host's own message loop), so that nothing else must.
+    virtual bool RunsMainThreadWork() const = 0;
 };
 
 } // namespace native

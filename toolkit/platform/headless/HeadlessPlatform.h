@@ -48,6 +48,7 @@ public:
     double DesktopDpi() override { return m_desktopDpi; }
     void ProcessEvents() override;
     void WaitForEvents(int timeoutMs) override;
+    bool RunsMainThreadWork() const override { return false; }
 
     // A host's window on the screen; the handle goes to the toolkit like a real one.
     void* CreateHostWindow(const RECT& screenFrame);

@@ -1,7 +1,7 @@
 #include "toolkit/platform/x11/X11Platform.h"
 
 #include "toolkit/platform/KeyCodes.h"
-#include "toolkit/platform/x11/OpenX11Platform.h"
+#include "toolkit/platform/SystemPlatform.h"
 #include "toolkit/platform/x11/X11View.h"
 
 #include <X11/Xatom.h>
@@ -85,8 +85,9 @@ void SetAtomProperty(Display* display, Window window, const char* property, cons
 
 } // namespace
 
-std::shared_ptr<NativePlatform> OpenX11Platform(const char* displayName) {
-    return X11Platform::Open(displayName);
+// The toolkit's main-thread work runs on the host's idle calls and the fallback driver.
+std::shared_ptr<NativePlatform> OpenSystemPlatform(std::function<void()>) {
+    return X11Platform::Open();
 }
 
 std::shared_ptr<X11Platform> X11Platform::Open(const char* displayName) {

@@ -32,6 +32,7 @@ public:
     double DesktopDpi() override;
     void ProcessEvents() override;
     void WaitForEvents(int timeoutMs) override;
+    bool RunsMainThreadWork() const override { return false; }
 
     Display* GetDisplay() const { return m_display; }
     Atom DeleteWindowAtom() const { return m_wmDeleteWindow; }
