@@ -36,7 +36,7 @@ private:
 class X11Window : public HostWindow {
 public:
     X11Window(int width, int height) : m_window(width, height, "Zephyra") {}
-    void* Handle() const override { return reinterpret_cast<void*>(m_window.id()); }
+    void* Handle() const override { return m_window.parentForEditor(); }
     void HandleEvents() override { m_window.handleEvents(); }
 
 private:

@@ -14,6 +14,14 @@
 
 namespace {
 
+void setScaleForPlugin(const std::string& scale) {
+#ifdef _WIN32
+    _putenv_s("ZEPHYRA_SCALE", scale.c_str());
+#else
+    setenv("ZEPHYRA_SCALE", scale.c_str(), 1);
+#endif
+}
+
 constexpr double kSampleRate = 48000.0;
 constexpr int kBlockSize = 512;
 constexpr auto kIdlePeriod = std::chrono::milliseconds(33); // about 30 Hz, as hosts idle
@@ -35,7 +43,7 @@ int runEditor(const CommandLine& commandLine, const ToolContext& context) {
         // The plug-in is a module of its own: the scale reaches it as the variable its
         // editor reads, before the module is loaded.
         const double scale = commandLine.number("scale", 1.0, kSmallestScale, kLargestScale);
-        setenv("ZEPHYRA_SCALE", std::to_string(scale).c_str(), 1);
+        setScaleForPlugin(std::to_string(scale));
     }
 
     PluginInstance plugin(PluginModule::load(context.pluginPath()), kSampleRate, kBlockSize);

@@ -45,7 +45,7 @@ HostedEditor::HostedEditor(PluginInstance& plugin, const std::string& title)
     };
     int width = 0;
     int height = 0;
-    if (plugin.dispatch(effEditOpen, 0, 0, reinterpret_cast<void*>(window.id())) == 0 &&
+    if (plugin.dispatch(effEditOpen, 0, 0, window.parentForEditor()) == 0 &&
         !editorSize(plugin, width, height)) {
         plugin.host().resizeWindow = nullptr;
         throw ToolError("the plug-in did not open its editor");

@@ -15,7 +15,7 @@ bool editorSize(const PluginInstance& plugin, int& width, int& height);
 
 class HostedEditor {
 public:
-    // Throws ToolError when the plug-in has no editor, there is no X display, or the
+    // Throws ToolError when the plug-in has no editor, there is no window system, or the
     // editor does not open.
     HostedEditor(PluginInstance& plugin, const std::string& title);
     ~HostedEditor();

@@ -18,9 +18,8 @@ constexpr int kExitUsage = 2;
 
 std::vector<Command> allCommands() {
 #ifdef _WIN32
-    // Plots, editors and live audio need Cairo, the window toolkit and JACK, which the
-    // Windows build does not have yet.
-    return {infoCommand(), renderCommand(), benchCommand()};
+    // Plots need FFTW and live audio JACK, which the Windows build does not have.
+    return {infoCommand(), renderCommand(), benchCommand(), editorCommand()};
 #else
     return {infoCommand(),  renderCommand(), plotCommand(),
             benchCommand(), editorCommand(), liveCommand()};

@@ -96,13 +96,13 @@ void UiThreadHost::Run() {
         };
         intptr_t opened = 0;
         Timed([&] {
-            opened = plugin.dispatch(effEditOpen, 0, 0, reinterpret_cast<void*>(window.id()));
+            opened = plugin.dispatch(effEditOpen, 0, 0, window.parentForEditor());
         });
         if (opened == 0)
             throw std::runtime_error("the plug-in did not open its editor");
         {
             std::lock_guard<std::mutex> lock(m_mutex);
-            m_window = window.id();
+            m_window = reinterpret_cast<uintptr_t>(window.parentForEditor());
             m_open = true;
         }
         m_opened.notify_all();

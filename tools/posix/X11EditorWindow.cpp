@@ -1,7 +1,9 @@
+// The editor's window on an X server, through Xlib.
 #include "tools/EditorWindow.h"
 
 #include "tools/ToolError.h"
 
+#include <X11/Xlib.h>
 #include <X11/Xutil.h>
 #include <cstdint>
 
@@ -35,8 +37,21 @@ struct ChannelMask {
 
 } // namespace
 
+struct EditorWindow::System {
+    Display* display = nullptr;
+    Window window = 0;
+    Atom deleteMessage = 0;
+    int width = 0;
+    int height = 0;
+};
+
 EditorWindow::EditorWindow(int width, int height, const std::string& title)
-    : width(width), height(height) {
+    : system(std::make_unique<System>()) {
+    System& s = *system;
+    s.width = width;
+    s.height = height;
+    Display*& display = s.display;
+    Window& window = s.window;
     display = XOpenDisplay(nullptr);
     if (display == nullptr) {
         throw ToolError("cannot open the X display; the editor needs one (is DISPLAY set?)");
@@ -46,8 +61,8 @@ EditorWindow::EditorWindow(int width, int height, const std::string& title)
     window = XCreateSimpleWindow(display, RootWindow(display, screen), 0, 0, width, height, 0,
                                  BlackPixel(display, screen), BlackPixel(display, screen));
     XStoreName(display, window, title.c_str());
-    deleteMessage = XInternAtom(display, "WM_DELETE_WINDOW", False);
-    XSetWMProtocols(display, window, &deleteMessage, 1);
+    s.deleteMessage = XInternAtom(display, "WM_DELETE_WINDOW", False);
+    XSetWMProtocols(display, window, &s.deleteMessage, 1);
     XSelectInput(display, window, StructureNotifyMask);
     XMapWindow(display, window);
     // Editors expect a mapped parent; wait until the server says it is.
@@ -60,27 +75,39 @@ EditorWindow::EditorWindow(int width, int height, const std::string& title)
 }
 
 EditorWindow::~EditorWindow() {
-    XDestroyWindow(display, window);
-    XCloseDisplay(display);
+    if (system) {
+        XDestroyWindow(system->display, system->window);
+        XCloseDisplay(system->display);
+    }
+}
+
+EditorWindow::EditorWindow(EditorWindow&&) noexcept = default;
+
+void* EditorWindow::parentForEditor() const {
+    return reinterpret_cast<void*>(system->window);
 }
 
 void EditorWindow::resize(int newWidth, int newHeight) {
-    if (newWidth > 0 && newHeight > 0 && (newWidth != width || newHeight != height)) {
-        width = newWidth;
-        height = newHeight;
-        XResizeWindow(display, window, width, height);
-        XFlush(display);
+    System& s = *system;
+    if (newWidth > 0 && newHeight > 0 && (newWidth != s.width || newHeight != s.height)) {
+        s.width = newWidth;
+        s.height = newHeight;
+        XResizeWindow(s.display, s.window, s.width, s.height);
+        XFlush(s.display);
     }
 }
 
 bool EditorWindow::handleEvents() {
+    Display* display = system->display;
+    const Window window = system->window;
     bool open = true;
     while (XPending(display) > 0) {
         XEvent event;
         XNextEvent(display, &event);
         // Closed by the user through the window manager, or destroyed by someone else.
-        const bool closeRequest = event.type == ClientMessage &&
-                                  static_cast<Atom>(event.xclient.data.l[0]) == deleteMessage;
+        const bool closeRequest =
+            event.type == ClientMessage &&
+            static_cast<Atom>(event.xclient.data.l[0]) == system->deleteMessage;
         const bool destroyed = event.type == DestroyNotify && event.xdestroywindow.window == window;
         open = open && !closeRequest && !destroyed;
     }
@@ -88,6 +115,8 @@ bool EditorWindow::handleEvents() {
 }
 
 CairoSurface EditorWindow::capture() {
+    Display* display = system->display;
+    const Window window = system->window;
     XSync(display, False);
     XWindowAttributes attributes;
     XImage* image = nullptr;
