@@ -5,9 +5,10 @@
 add_compile_options(-Wall -Wextra -ffp-contract=off -fno-fast-math)
 
 # <windows.h> without the multimedia declarations (they name the engine's wave format too)
-# and without the min and max macros that hide std::min and std::max.
+# and without the min and max macros that hide std::min and std::max; M_PI and its kin,
+# which mingw's <cmath> declares only on request.
 if(WIN32)
-    add_compile_definitions(WIN32_LEAN_AND_MEAN NOMINMAX)
+    add_compile_definitions(WIN32_LEAN_AND_MEAN NOMINMAX _USE_MATH_DEFINES)
 endif()
 
 # A fuzzing build: everything instrumented for libFuzzer's coverage feedback and checked

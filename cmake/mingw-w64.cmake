@@ -26,11 +26,23 @@ if(ZEPHYRA_WINE)
     set(CMAKE_CROSSCOMPILING_EMULATOR ${ZEPHYRA_WINE})
 endif()
 
-# Cairo, Pango and what they need, built as static libraries by windows/deps/build.sh:
-#   -DZEPHYRA_WINDOWS_DEPS="$(windows/deps/build.sh /var/cache/zephyra-windows-deps)"
-# pkg-config then looks there only (not at the build machine's own .pc files) and answers
+# Cairo, Pango and what they need, built as static libraries by windows/deps/build.sh
+# into its cache (/var/cache/zephyra-windows-deps unless ZEPHYRA_WINDOWS_DEPS names the
+# sysroot). pkg-config then looks there only (not at the build machine's own .pc files) and answers
 # for static linking; the .pc files carry the defines and system libraries static users
 # need (CAIRO_WIN32_STATIC_BUILD, gdi32, ...).
+list(APPEND CMAKE_TRY_COMPILE_PLATFORM_VARIABLES ZEPHYRA_WINDOWS_DEPS)
+if(NOT ZEPHYRA_WINDOWS_DEPS)
+    execute_process(
+        COMMAND ${CMAKE_CURRENT_LIST_DIR}/../windows/deps/build.sh --find /var/cache/zephyra-windows-deps
+        OUTPUT_VARIABLE found_deps OUTPUT_STRIP_TRAILING_WHITESPACE
+        ERROR_VARIABLE missing_deps ERROR_STRIP_TRAILING_WHITESPACE
+        RESULT_VARIABLE deps_result)
+    if(NOT deps_result EQUAL 0)
+        message(FATAL_ERROR "${missing_deps}")
+    endif()
+    set(ZEPHYRA_WINDOWS_DEPS ${found_deps} CACHE PATH "Cairo and Pango for Windows")
+endif()
 if(ZEPHYRA_WINDOWS_DEPS)
     if(NOT EXISTS ${ZEPHYRA_WINDOWS_DEPS}/lib/pkgconfig/pangocairo.pc)
         message(FATAL_ERROR "ZEPHYRA_WINDOWS_DEPS=${ZEPHYRA_WINDOWS_DEPS} holds no pangocairo.pc")

@@ -14,6 +14,9 @@
 #
 #   cmake ... -DZEPHYRA_WINDOWS_DEPS="$(windows/deps/build.sh CACHE_ROOT)"
 #
+# With --find, it builds nothing: it prints the path when the build is there, and fails
+# otherwise (what the cross build's configure asks).
+#
 # Needs: meson, ninja-build, pkg-config, dpkg-dev, g++-mingw-w64-x86-64-posix,
 # libz-mingw-w64-dev; root, the first time, if apt has no deb-src entry for bookworm.
 set -eu
@@ -31,7 +34,12 @@ fail() {
     exit 1
 }
 
-[ $# -eq 1 ] || fail "usage: $0 CACHE_ROOT"
+find_only=false
+if [ "${1:-}" = --find ]; then
+    find_only=true
+    shift
+fi
+[ $# -eq 1 ] || fail "usage: $0 [--find] CACHE_ROOT"
 
 for tool in meson ninja pkg-config dpkg-source apt-get flock "$host-gcc-posix" "$host-g++-posix"; do
     command -v "$tool" >/dev/null || fail "$tool is missing"
@@ -63,6 +71,7 @@ if [ -f "$final/finished" ]; then
     echo "$final/sysroot"
     exit 0
 fi
+$find_only && fail "Cairo and Pango for Windows are not built in $cache_root yet: run $0 $cache_root"
 
 # One build per key at a time; whoever waited here may find the work done.
 exec 9>"$cache_root/$key.lock"
