@@ -3,10 +3,9 @@
 #include "editor/CUIWindow.h"
 #include "editor/CZephyraEditor.h"
 #include "effect/AZephyra.h"
+#include "tests/editor/EditionUnderTest.h"
 #include "tests/support/RecordingHost.h"
-#include "tests/support/TempFolder.h"
 #include "tests/toolkit/TestImages.h"
-#include "tests/tools/ToolRunner.h"
 #include "toolkit/driver/CHeadlessDriver.h"
 
 #include <cairo.h>
@@ -62,16 +61,22 @@ cairo_surface_t* HeadlessPicture() {
 // in memory at the same scale.
 void ExpectTheScreenToShowThePanel(const char* scale) {
     TempFolder scratch;
-    ScopedEnv preferences("XDG_CONFIG_HOME", scratch.Path());
-    std::vector<std::string> arguments{
-        "--plugin", ZEPHYRA_MODULE, "editor",       "--seconds",           "2",
-        "--scale",  scale,          "--screenshot", scratch / "editor.png"};
+    const IsolatedUserBank userBank;
+    std::vector<std::string> arguments{"--plugin",
+                                       HostPath(Edition().moduleFile),
+                                       "editor",
+                                       "--seconds",
+                                       "2",
+                                       "--scale",
+                                       scale,
+                                       "--screenshot",
+                                       HostPath(scratch / "editor.png")};
     for (const Setting& setting : kSettings) {
         arguments.push_back("--set");
         arguments.push_back(std::string(setting.name) + "=" + std::to_string(setting.normalised) +
                             "n");
     }
-    const ToolRun run = runZephyra(arguments);
+    const ToolRun run = RunEditionHost(arguments);
     ASSERT_EQ(run.exitCode, 0) << run.err;
 
     cairo_surface_t* screen = cairo_image_surface_create_from_png((scratch / "editor.png").c_str());

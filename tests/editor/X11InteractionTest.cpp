@@ -3,8 +3,7 @@
 #include "effect/ZephyraParameters.h"
 #include "tests/editor/BankRecords.h"
 #include "tests/editor/DesktopDriver.h"
-#include "tests/support/TempFolder.h"
-#include "tests/tools/ToolRunner.h"
+#include "tests/editor/EditionUnderTest.h"
 
 #include <gtest/gtest.h>
 
@@ -33,12 +32,11 @@ void CloseWindow(unsigned long window) {
 // The same user's work on the editor drawn at the scale: every position is the panel's
 // layout position times the scale.
 void CopyEditAndSaveAProgram(int scale) {
-    TempFolder scratch;
-    ScopedEnv preferences("XDG_CONFIG_HOME", scratch.Path());
+    const IsolatedUserBank userBank;
     // The command-line host shows the editor until its window is closed (a minute at most).
     auto editor = std::async(std::launch::async, [scale] {
-        return runZephyra({"--plugin", ZEPHYRA_MODULE, "editor", "--seconds", "60", "--scale",
-                           std::to_string(scale)});
+        return RunEditionHost({"--plugin", HostPath(Edition().moduleFile), "editor", "--seconds",
+                               "60", "--scale", std::to_string(scale)});
     });
     const std::string window = FindWindowTitled("Zephyra");
     ASSERT_FALSE(window.empty()) << "the editor's window came";
@@ -76,12 +74,12 @@ void CopyEditAndSaveAProgram(int scale) {
     const ToolRun run = editor.get();
     ASSERT_EQ(run.exitCode, 0) << run.err;
 
-    const std::string saved = ReadWholeFile(scratch / "ZephyraDef.fxb");
+    const std::string saved = ReadWholeFile(userBank.BankFile());
     ASSERT_FALSE(saved.empty()) << "the save wrote the user's bank file";
     const ZephyraProgramRecord record = RecordIn(saved, kSavedSlot);
     EXPECT_STREQ(record.name, "X11 Saved");
     const ZephyraProgramRecord copied =
-        RecordIn(ReadWholeFile(FactoryBankBeside(ZEPHYRA_MODULE)), kCopiedProgram);
+        RecordIn(ReadWholeFile(FactoryBankBeside(Edition().moduleFile)), kCopiedProgram);
     for (int index = 0; index < kNumParams; ++index) {
         if (index == kParamGain2)
             EXPECT_NEAR(record.param[index], 0.8f, 0.05f) << "dragged round to the right";

@@ -10,14 +10,18 @@
 #include <unistd.h>
 
 ToolRun runZephyra(const std::vector<std::string>& arguments, int interruptAfterMs) {
+    std::vector<std::string> command{ZEPHYRA_CLI};
+    command.insert(command.end(), arguments.begin(), arguments.end());
+    return runCommand(command, interruptAfterMs);
+}
+
+ToolRun runCommand(const std::vector<std::string>& command, int interruptAfterMs) {
     TempFolder streams;
     const std::string outPath = streams / "out", errPath = streams / "err";
     std::vector<char*> argv;
-    std::string program = ZEPHYRA_CLI;
-    argv.push_back(program.data());
-    std::vector<std::string> copies = arguments;
-    for (std::string& argument : copies) {
-        argv.push_back(argument.data());
+    std::vector<std::string> copies = command;
+    for (std::string& word : copies) {
+        argv.push_back(word.data());
     }
     argv.push_back(nullptr);
 
