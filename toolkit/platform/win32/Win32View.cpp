@@ -144,6 +144,12 @@ LRESULT Win32View::HandleMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     case WM_CHAR:
         HandleChar(wParam);
         return 0;
+    case WM_KEYUP:
+    case WM_SYSKEYUP:
+        // The text of a key press comes before its release (TranslateMessage posts it at
+        // once); text after that, such as a character posted on its own, has no key.
+        m_charKeyCode = 0;
+        break;
     case WM_GETDLGCODE:
         // Inside a host's dialog, Tab, Return and the arrows are the editor's, not the dialog's.
         return DLGC_WANTALLKEYS;
