@@ -180,7 +180,7 @@ TEST_F(Windows, HostHidingItsWindowMakesTheViewUnviewable) {
     ShowWindow(host, SW_HIDE);
     ASSERT_TRUE(PumpUntil([&] { return events.Of(Kind::Viewable).size() == 1; }));
     EXPECT_FALSE(events.Of(Kind::Viewable)[0].viewable);
-    ShowWindow(host, SW_SHOW);
+    ShowWindow(host, SW_SHOWNA);
     ASSERT_TRUE(PumpUntil([&] { return events.Of(Kind::Viewable).size() == 2; }));
     EXPECT_TRUE(events.Of(Kind::Viewable)[1].viewable);
 
@@ -189,6 +189,26 @@ TEST_F(Windows, HostHidingItsWindowMakesTheViewUnviewable) {
     ShowWindow(host, SW_HIDE);
     PumpFor(200);
     EXPECT_EQ(events.Of(Kind::Viewable).size(), 2u);
+}
+
+// Windows hides the windows a window owns when it is minimised, with ShowOwnedPopups (wine
+// minimises without it: it is called here directly).
+TEST_F(Windows, WindowsHiddenWithTheirOwnerAreUnviewable) {
+    Recorder childEvents{current};
+    auto child = ShowChild(childEvents, RECT{20, 30, 220, 130});
+    ASSERT_NE(child, nullptr);
+    Recorder events{current};
+    auto popup = platform->CreateTopLevelView(native::TopLevelKind::Popup, child.get(),
+                                              RECT{600, 200, 700, 300}, events);
+    ASSERT_NE(popup, nullptr);
+    popup->SetVisible(true);
+    PumpFor(50);
+    ShowOwnedPopups(host, FALSE);
+    ASSERT_TRUE(PumpUntil([&] { return events.Of(Kind::Viewable).size() == 1; }));
+    EXPECT_FALSE(events.Of(Kind::Viewable)[0].viewable);
+    ShowOwnedPopups(host, TRUE);
+    ASSERT_TRUE(PumpUntil([&] { return events.Of(Kind::Viewable).size() == 2; }));
+    EXPECT_TRUE(events.Of(Kind::Viewable)[1].viewable);
 }
 
 TEST_F(Windows, ViewsOutlivingThePlatformLoseTheirWindows) {
@@ -205,7 +225,7 @@ TEST_F(Windows, ViewsOutlivingThePlatformLoseTheirWindows) {
     hostView.reset();
 }
 
-TEST_F(Windows, WrapsOnlyWindows) {
+TEST_F(Windows, WrapsOnlyLiveWindowsAndReadsTheDesktopDpi) {
     Recorder events{current};
     EXPECT_EQ(platform->WrapHostView(nullptr, events), nullptr);
     const HWND gone = CreateWindowExW(0, L"STATIC", L"", 0, 0, 0, 1, 1, nullptr, nullptr,
