@@ -78,8 +78,7 @@ protected:
         return *static_cast<CZephyraEditor*>(plugin.Effect().getEditor())->GetUIWindow();
     }
 
-    TempFolder home;
-    ScopedEnv configVariable{"XDG_CONFIG_HOME", home.Path()};
+    IsolatedPreferences preferences;
     RecordingHost recorder;
     CHeadlessDriver driver;
     Lv2Effect plugin{48000.0, ZEPHYRA_LV2_BUNDLE, nullptr, CZephyraEditor::Make};

@@ -26,8 +26,7 @@ protected:
     static constexpr float kRate = 48000.0f;
     static constexpr int kBlock = 512;
 
-    TempFolder preferences; // keeps any user's default bank file out
-    ScopedEnv config{"XDG_CONFIG_HOME", preferences.Path()};
+    IsolatedPreferences preferences;
     RecordingHost host;
     std::shared_ptr<PluginModule> module = PluginModule::load(ZEPHYRA_MODULE_PATH);
 };
