@@ -63,13 +63,12 @@ class Lv2UiTest : public testing::Test {
 protected:
     void SetUp() override { hostWindow = driver.CreateHostWindow(CRect(100, 100, 700, 400)); }
 
-    std::unique_ptr<Lv2Ui> Open(bool withInstanceAccess = true) {
-        features.clear();
+    std::unique_ptr<Lv2Ui> Open(bool withInstanceAccess = true,
+                                std::vector<const LV2_Feature*> more = {}) {
+        features = {&parent, &resize, &touch};
         if (withInstanceAccess)
             features.push_back(&instanceAccess);
-        features.push_back(&parent);
-        features.push_back(&resize);
-        features.push_back(&touch);
+        features.insert(features.end(), more.begin(), more.end());
         features.push_back(nullptr);
         return Lv2Ui::Create(HostLog::Write, &log, features.data());
     }
@@ -134,12 +133,7 @@ TEST_F(Lv2UiTest, TheHostsScaleFactorSizesThePanel) {
     const LV2_Feature optionsFeature{LV2_OPTIONS__options,
                                      const_cast<LV2_Options_Option*>(options)};
     parent.data = hostWindow;
-    const auto openWithOptions = [&] {
-        features = {&instanceAccess, &parent, &resize, &mapFeature, &optionsFeature};
-        features.push_back(nullptr);
-        return Lv2Ui::Create(HostLog::Write, &log, features.data());
-    };
-    std::unique_ptr<Lv2Ui> ui = openWithOptions();
+    std::unique_ptr<Lv2Ui> ui = Open(true, {&mapFeature, &optionsFeature});
     ASSERT_NE(ui, nullptr);
     EXPECT_EQ(log.size, std::make_pair(912, 420));
     ui.reset();
