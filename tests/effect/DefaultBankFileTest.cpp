@@ -119,7 +119,8 @@ TEST_F(DefaultBankFile, TruncatedOrOversizedChunksAreIgnored) {
     }
 }
 
-TEST_F(DefaultBankFile, SavingWritesTheHeaderAndMovesTheEditsForTheNextOpen) {
+// The first test checks what open reads back from such a file.
+TEST_F(DefaultBankFile, SavingWritesTheHeaderAndMovesTheEdits) {
     AZephyra effect(RecordingHost::Callback);
     effect.open();
     effect.setProgram(7);
@@ -137,12 +138,6 @@ TEST_F(DefaultBankFile, SavingWritesTheHeaderAndMovesTheEditsForTheNextOpen) {
     EXPECT_EQ(file.substr(160 + 68, 4), std::string("\x03\0\0\0", 4));
     effect.setProgram(7);
     EXPECT_EQ(effect.getParameter(kParamGain1), 0.5f) << "the source program reverts";
-
-    AZephyra reopened(RecordingHost::Callback);
-    reopened.open();
-    EXPECT_EQ(reopened.getProgram(), 3);
-    EXPECT_EQ(reopened.getParameter(kParamGain1), 0.8f);
-    EXPECT_EQ(ProgramName(reopened, 3), "Bright");
 }
 
 #ifdef _WIN32

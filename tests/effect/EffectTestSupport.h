@@ -57,14 +57,3 @@ inline std::string MarkedBank(const char* name, float gain1, int currentProgram 
     bank.StoreProgramNumber(currentProgram);
     return std::string(static_cast<const char*>(bank.data()), AZephyraProgram::kBytes);
 }
-
-// A preferences folder of the test's own, so that no user's default bank file takes part.
-struct IsolatedPreferences {
-#ifdef _WIN32
-    static constexpr const char* kVariable = "APPDATA";
-#else
-    static constexpr const char* kVariable = "XDG_CONFIG_HOME";
-#endif
-    TempFolder folder;
-    ScopedEnv config{kVariable, folder.Path()};
-};

@@ -70,19 +70,6 @@ TEST(Programs, NamesAreBoundedAndLeaveTheProgramNumberBytesAlone) {
     EXPECT_EQ(ProgramName(effect, 0), std::string(23, 'n'));
 }
 
-TEST(BankChunk, CurrentProgramRidesAtOffset68) {
-    AZephyra source(nullptr), target(nullptr);
-    source.setProgram(5);
-    source.setParameter(kParamQ1, 0.3f);
-    const std::string bank = BankImage(source);
-    ASSERT_EQ(bank.size(), 4608u);
-    EXPECT_EQ(storedProgramNumber(bank), 5);
-    EXPECT_EQ(target.setChunk(const_cast<char*>(bank.data()), 4608, false), 0);
-    EXPECT_EQ(target.getProgram(), 5);
-    EXPECT_EQ(target.getParameter(kParamQ1), 0.3f);
-    EXPECT_EQ(BankImage(target), bank);
-}
-
 TEST(ProgramChunk, IsTheCurrentRecordItself) {
     AZephyra effect(nullptr);
     effect.setProgram(7);

@@ -63,13 +63,12 @@ class Lv2UiTest : public testing::Test {
 protected:
     void SetUp() override { hostWindow = driver.CreateHostWindow(CRect(100, 100, 700, 400)); }
 
-    std::unique_ptr<Lv2Ui> Open(bool withInstanceAccess = true) {
-        features.clear();
+    std::unique_ptr<Lv2Ui> Open(bool withInstanceAccess = true,
+                                std::vector<const LV2_Feature*> more = {}) {
+        features = {&parent, &resize, &touch};
         if (withInstanceAccess)
             features.push_back(&instanceAccess);
-        features.push_back(&parent);
-        features.push_back(&resize);
-        features.push_back(&touch);
+        features.insert(features.end(), more.begin(), more.end());
         features.push_back(nullptr);
         return Lv2Ui::Create(HostLog::Write, &log, features.data());
     }
@@ -78,8 +77,7 @@ protected:
         return *static_cast<CZephyraEditor*>(plugin.Effect().getEditor())->GetUIWindow();
     }
 
-    TempFolder home;
-    ScopedEnv configVariable{"XDG_CONFIG_HOME", home.Path()};
+    IsolatedPreferences preferences;
     RecordingHost recorder;
     CHeadlessDriver driver;
     Lv2Effect plugin{48000.0, ZEPHYRA_LV2_BUNDLE, nullptr, CZephyraEditor::Make};
@@ -122,7 +120,8 @@ LV2_URID MapUri(LV2_URID_Map_Handle handle, const char* uri) {
     return static_cast<LV2_URID>(uris.size());
 }
 
-TEST_F(Lv2UiTest, TheHostsScaleFactorSizesThePanelAndTheUsersVariableOverrulesIt) {
+// The toolkit's tests check which source of the scale wins.
+TEST_F(Lv2UiTest, TheHostsScaleFactorSizesThePanel) {
     std::vector<std::string> uris;
     LV2_URID_Map map{&uris, MapUri};
     const float scaleFactor = 2.0f;
@@ -134,22 +133,10 @@ TEST_F(Lv2UiTest, TheHostsScaleFactorSizesThePanelAndTheUsersVariableOverrulesIt
     const LV2_Feature optionsFeature{LV2_OPTIONS__options,
                                      const_cast<LV2_Options_Option*>(options)};
     parent.data = hostWindow;
-    const auto openWithOptions = [&] {
-        features.clear();
-        features = {&instanceAccess, &parent, &resize, &mapFeature, &optionsFeature};
-        features.push_back(nullptr);
-        return Lv2Ui::Create(HostLog::Write, &log, features.data());
-    };
-    std::unique_ptr<Lv2Ui> ui = openWithOptions();
+    std::unique_ptr<Lv2Ui> ui = Open(true, {&mapFeature, &optionsFeature});
     ASSERT_NE(ui, nullptr);
     EXPECT_EQ(log.size, std::make_pair(912, 420));
     ui.reset();
-    {
-        ScopedEnv users("ZEPHYRA_SCALE", "1.5");
-        ui = openWithOptions();
-        EXPECT_EQ(log.size, std::make_pair(684, 315));
-        ui.reset();
-    }
     display_scale::RequestFromHost(0.0);
     ui = Open();
     EXPECT_EQ(log.size, std::make_pair(456, 210)) << "a host without the option";

@@ -1,5 +1,6 @@
 // A fresh folder under the system's temporary directory, removed with its contents when
-// the test ends; whole-file helpers; and an environment variable set for a scope.
+// the test ends; whole-file helpers; an environment variable set for a scope; and a
+// preferences folder of the test's own.
 #pragma once
 
 #include <cstdlib>
@@ -66,4 +67,15 @@ private:
     const char* m_name;
     std::string m_old;
     bool m_hadOld;
+};
+
+// A preferences folder of the test's own, so that no user's default bank file takes part.
+struct IsolatedPreferences {
+#ifdef _WIN32
+    static constexpr const char* kVariable = "APPDATA";
+#else
+    static constexpr const char* kVariable = "XDG_CONFIG_HOME";
+#endif
+    TempFolder folder;
+    ScopedEnv config{kVariable, folder.Path()};
 };

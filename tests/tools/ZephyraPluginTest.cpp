@@ -40,6 +40,8 @@ struct RenderCase {
     int program;
     // Parameter index and the normalised value given with --set NAME=VALUEn.
     std::vector<std::pair<int, float>> settings;
+    int channels = 2;             // a mono file feeds both inputs and comes back stereo
+    bool doublePrecision = false; // which must give the samples of the 32-bit call
 };
 
 const char* const kParameterNames[] = {"ON/OFF", "Output", "Input", "Type1", "Gain1", "Freq1",
@@ -51,7 +53,7 @@ TEST_P(RenderThroughOurPlugin, EqualsTheModuleDrivenDirectly) {
     const RenderCase& scenario = GetParam();
     TempFolder folder;
     // An odd length, so the last block of input is a short one.
-    const TestAudio input = makeTestSignal(2, 44100, 44100 + 1001);
+    const TestAudio input = makeTestSignal(scenario.channels, 44100, 44100 + 1001);
     writeAudio(folder / "in.wav", input);
     std::vector<std::string> arguments = {"render",
                                           (folder / "in.wav"),
@@ -65,6 +67,9 @@ TEST_P(RenderThroughOurPlugin, EqualsTheModuleDrivenDirectly) {
         std::snprintf(assignment, sizeof assignment, "%s=%.9gn", kParameterNames[index], value);
         arguments.insert(arguments.end(), {"--set", assignment});
     }
+    if (scenario.doublePrecision) {
+        arguments.push_back("--double");
+    }
     const ToolRun run = zephyra(arguments);
     ASSERT_EQ(run.exitCode, 0) << run.err;
     const TestAudio rendered = readAudio(folder / "out.wav");
@@ -77,8 +82,13 @@ TEST_P(RenderThroughOurPlugin, EqualsTheModuleDrivenDirectly) {
     for (const auto& [index, value] : scenario.settings) {
         direct.setParameter(index, value);
     }
-    const TestAudio expected = direct.process(input, rendered.frames());
-    expectSameSamples(rendered, expected);
+    // What the module's two inputs receive: a mono file's one channel on both.
+    TestAudio stereo{2, 44100, {}};
+    for (int64_t frame = 0; frame < input.frames(); ++frame) {
+        stereo.samples.insert(stereo.samples.end(),
+                              {input.at(frame, 0), input.at(frame, input.channels - 1)});
+    }
+    expectSameSamples(rendered, direct.process(stereo, rendered.frames()));
 
     // The case must exercise the equaliser, not a pass-through.
     double difference = 0.0;
@@ -91,46 +101,14 @@ TEST_P(RenderThroughOurPlugin, EqualsTheModuleDrivenDirectly) {
 
 INSTANTIATE_TEST_SUITE_P(
     Tool, RenderThroughOurPlugin,
-    testing::Values(RenderCase{"FactoryProgram", 512, 1, {}},
-                    RenderCase{"ProgramRefinedBySettings", 256, 2, {{4, 0.75f}, {3, 0.5f}}},
+    testing::Values(RenderCase{"MonoFileInAFactoryProgram", 512, 1, {}, 1},
+                    RenderCase{
+                        "DoublePrecisionWithSettings", 256, 2, {{4, 0.75f}, {3, 0.5f}}, 2, true},
                     RenderCase{"SmallBlocksAndSteepBands",
                                64,
                                0,
                                {{3, 0.5f}, {4, 1.0f}, {5, 0.1f}, {6, 0.8f}, {8, 0.0f}}}),
     [](const testing::TestParamInfo<RenderCase>& info) { return std::string(info.param.name); });
-
-TEST(OurPlugin, DoublePrecisionRenderEqualsTheFloatOne) {
-    TempFolder folder;
-    writeAudio(folder / "in.wav", makeTestSignal(2, 48000, 30000));
-    const std::vector<std::string> common = {"render", folder / "in.wav", "--program",
-                                             "3",      "--set",           "Gain2=-9"};
-    std::vector<std::string> floatRun = common;
-    floatRun.push_back(folder / "float.wav");
-    std::vector<std::string> doubleRun = common;
-    doubleRun.insert(doubleRun.end(), {folder / "double.wav", "--double"});
-    ASSERT_EQ(zephyra(floatRun).exitCode, 0);
-    ASSERT_EQ(zephyra(doubleRun).exitCode, 0);
-    expectSameSamples(readAudio(folder / "double.wav"), readAudio(folder / "float.wav"));
-}
-
-TEST(OurPlugin, MonoInputFeedsBothInputsAndComesBackStereo) {
-    TempFolder folder;
-    const TestAudio mono = makeTestSignal(1, 44100, 8000);
-    writeAudio(folder / "mono.wav", mono);
-    const ToolRun run =
-        zephyra({"render", folder / "mono.wav", folder / "out.wav", "--program", "1"});
-    ASSERT_EQ(run.exitCode, 0) << run.err;
-    const TestAudio output = readAudio(folder / "out.wav");
-    ASSERT_EQ(output.channels, 2);
-
-    TestAudio stereo{2, 44100, {}};
-    for (float sample : mono.samples) {
-        stereo.samples.insert(stereo.samples.end(), {sample, sample});
-    }
-    DirectPlugin direct(kModule, 44100.0f, 512);
-    direct.setProgram(1);
-    expectSameSamples(output, direct.process(stereo, output.frames()));
-}
 
 TEST(OurPlugin, ValuesSetInDisplayUnitsLandOnTheirNormalisedValue) {
     const struct {
@@ -138,14 +116,10 @@ TEST(OurPlugin, ValuesSetInDisplayUnitsLandOnTheirNormalisedValue) {
         int index;
         double normalised, tolerance;
         const char* display;
-    } cases[] = {{"Gain1=+6", 4, 0.75, 1e-6, "6.0"},
-                 {"Gain2=-12dB", 8, 0.0, 0.0, "-12.0"},
+    } cases[] = {{"Gain2=-12dB", 8, 0.0, 0.0, "-12.0"},
                  {"Freq1=2000", 5, 1980.0 / 19980.0, 1e-6, "2000.0"},
-                 {"Freq2=20000", 9, 1.0, 0.0, "20000.0"},
                  {"Q1=2.5", 6, 2.2 / 9.7, 1e-6, "2.5"},
-                 {"Type1=PEAK", 3, 0.5, 0.0, "PEAK"},
                  {"Type1=hi", 3, 1.0, 0.0, "Hi"},
-                 {"Type2=LOW", 7, 0.0, 0.0, "LOW"},
                  // 6 dB per doubling: -6 dB is the factor 0.5 of the 0.001..2 range.
                  {"Output=-6", 1, 0.499 / 1.999, 1e-4, "-6.0"},
                  {"ON/OFF=OFF", 0, 0.0, 0.0, "OFF"}};
@@ -158,20 +132,13 @@ TEST(OurPlugin, ValuesSetInDisplayUnitsLandOnTheirNormalisedValue) {
     }
 }
 
-struct Band {
-    int type;
-    double gainDb, frequency, q;
-};
+// A narrow bell at 100 Hz and a high shelf at 5 kHz, with the output 3 dB down.
+const std::vector<std::string> kPlotSettings = {"Type1=PEAK", "Gain1=+9", "Freq1=100",
+                                                "Q1=4",       "Type2=Hi", "Gain2=-6",
+                                                "Freq2=5000", "Q2=0.7",   "Output=-3"};
 
-struct PlotCase {
-    const char* name;
-    std::vector<std::string> settings;
-    double inputDb, outputDb;
-    Band bands[2];
-};
-
-// The engine set as the plug-in sets it for these values, asked for its exact response.
-double analyticMagnitudeDb(const PlotCase& scenario, double sampleRate, double frequency) {
+// The engine set as the plug-in sets it for kPlotSettings, asked for its exact response.
+double analyticMagnitudeDb(double sampleRate, double frequency) {
     CMultiEqualizer engine;
     const tWAVEFORMATEX format{kWaveFormatIeeeFloat,
                                2,
@@ -182,25 +149,26 @@ double analyticMagnitudeDb(const PlotCase& scenario, double sampleRate, double f
                                0};
     engine.SetMediaType(&format, 512);
     const auto fixed = [](double value) { return static_cast<int>(value * 65536.0); };
-    engine.set_InputLevel(fixed(scenario.inputDb));
-    engine.set_OutputLevel(fixed(scenario.outputDb));
+    engine.set_OutputLevel(fixed(-3.0));
+    const struct {
+        int type;
+        double gainDb, frequency, q;
+    } bands[2] = {{1, 9.0, 100.0, 4.0}, {2, -6.0, 5000.0, 0.7}};
     for (int band = 0; band < 2; ++band) {
-        engine.set_Type(band, scenario.bands[band].type);
-        engine.set_Gain(band, fixed(scenario.bands[band].gainDb));
-        engine.set_Freq(band, fixed(scenario.bands[band].frequency));
-        engine.set_Q(band, fixed(scenario.bands[band].q));
+        engine.set_Type(band, bands[band].type);
+        engine.set_Gain(band, fixed(bands[band].gainDb));
+        engine.set_Freq(band, fixed(bands[band].frequency));
+        engine.set_Q(band, fixed(bands[band].q));
     }
     return ChainResponse(engine.GetChain(0), frequency).magnitudeDb;
 }
 
-class PlotOfOurPlugin : public testing::TestWithParam<PlotCase> {};
-
-TEST_P(PlotOfOurPlugin, AgreesWithTheAnalyticResponse) {
+TEST(OurPlugin, PlotAgreesWithTheAnalyticResponse) {
     constexpr double kRate = 48000.0;
     TempFolder folder;
     std::vector<std::string> arguments = {"plot", folder / "response.png", "--csv",
                                           (folder / "response.csv")};
-    for (const std::string& assignment : GetParam().settings) {
+    for (const std::string& assignment : kPlotSettings) {
         arguments.insert(arguments.end(), {"--set", assignment});
     }
     const ToolRun run = zephyra(arguments);
@@ -215,7 +183,7 @@ TEST_P(PlotOfOurPlugin, AgreesWithTheAnalyticResponse) {
     while (std::getline(table, line)) {
         double frequency = 0.0, magnitudeDb = 0.0;
         ASSERT_EQ(std::sscanf(line.c_str(), "%lf,%lf", &frequency, &magnitudeDb), 2) << line;
-        EXPECT_NEAR(magnitudeDb, analyticMagnitudeDb(GetParam(), kRate, frequency), 0.1)
+        EXPECT_NEAR(magnitudeDb, analyticMagnitudeDb(kRate, frequency), 0.1)
             << "at " << frequency << " Hz";
         largestDb = std::max(largestDb, std::fabs(magnitudeDb));
         ++points;
@@ -232,36 +200,15 @@ TEST_P(PlotOfOurPlugin, AgreesWithTheAnalyticResponse) {
     cairo_surface_destroy(picture);
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Tool, PlotOfOurPlugin,
-    testing::Values(PlotCase{"NarrowBellAndHighShelf",
-                             {"Type1=PEAK", "Gain1=+9", "Freq1=100", "Q1=4", "Type2=Hi", "Gain2=-6",
-                              "Freq2=5000", "Q2=0.7", "Output=-3"},
-                             0.0,
-                             -3.0,
-                             {{1, 9.0, 100.0, 4.0}, {2, -6.0, 5000.0, 0.7}}},
-                    PlotCase{"LowShelfAndDeepNotchNearTheTop",
-                             {"Type1=LOW", "Gain1=+12", "Freq1=60", "Q1=0.5", "Type2=PEAK",
-                              "Gain2=-12", "Freq2=15000", "Q2=10", "Input=-6"},
-                             -6.0,
-                             0.0,
-                             {{0, 12.0, 60.0, 0.5}, {1, -12.0, 15000.0, 10.0}}}),
-    [](const testing::TestParamInfo<PlotCase>& info) { return std::string(info.param.name); });
-
 TEST(OurPlugin, ChunkBankBringsItsProgramsAndSelection) {
     TempFolder folder;
     // 64 records of 11 normalised values and a 28-byte name; the selected program rides in
     // bytes 68..71, at the end of the first record's name.
     constexpr std::size_t kRecord = 72;
     std::string chunk(64 * kRecord, '\0');
-    for (std::size_t program = 0; program < 64; ++program) {
-        float values[11] = {1.0f, 0.49975f, 1.0f, 0.5f, static_cast<float>(program) / 63.0f,
-                            0.5f, 0.5f,     0.0f, 0.5f, 0.5f,
-                            0.5f};
-        std::memcpy(&chunk[program * kRecord], values, sizeof values);
-        const std::string name = "Test " + std::to_string(program);
-        std::memcpy(&chunk[program * kRecord + 44], name.c_str(), name.size() + 1);
-    }
+    const float gain1 = 0.25f;
+    std::memcpy(&chunk[42 * kRecord + 4 * sizeof gain1], &gain1, sizeof gain1);
+    std::memcpy(&chunk[63 * kRecord + 44], "Test 63", 8);
     const int32_t selected = 42;
     std::memcpy(&chunk[68], &selected, sizeof selected);
     WriteWholeFile(folder / "test.fxb", ChunkBank(chunk, "VeEQ"));
@@ -269,7 +216,7 @@ TEST(OurPlugin, ChunkBankBringsItsProgramsAndSelection) {
     const ToolRun run = zephyra({"info", "--json", "--bank", folder / "test.fxb"});
     ASSERT_EQ(run.exitCode, 0) << run.err;
     EXPECT_EQ(jsonField(run.out, "currentProgram"), "42");
-    EXPECT_NEAR(parameterValue(run.out, 4), 42.0 / 63.0, 1e-6);
+    EXPECT_NEAR(parameterValue(run.out, 4), 0.25, 1e-6);
     EXPECT_NE(run.out.find("\"Test 63\""), std::string::npos);
 }
 
