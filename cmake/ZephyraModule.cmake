@@ -5,9 +5,10 @@ add_library(Zephyra MODULE ${PROJECT_SOURCE_DIR}/host/VSTPluginMain.cpp
 target_link_libraries(Zephyra PRIVATE zephyra_editor)
 set_target_properties(Zephyra PROPERTIES PREFIX "" LIBRARY_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR})
 if(WIN32)
-    # Zephyra.dll: the export list is a module definition file.
+    # Zephyra.dll: the export list is a module definition file. Static libraries built to
+    # be DLLs (pixman) mark their functions for export: the module must not pass them on.
     target_sources(Zephyra PRIVATE ${PROJECT_SOURCE_DIR}/cmake/Zephyra.def)
-    target_link_options(Zephyra PRIVATE -Wl,--no-undefined)
+    target_link_options(Zephyra PRIVATE -Wl,--exclude-all-symbols -Wl,--no-undefined)
 else()
     set_target_properties(Zephyra PROPERTIES LINK_DEPENDS ${PROJECT_SOURCE_DIR}/cmake/Zephyra.map)
     target_link_options(Zephyra PRIVATE

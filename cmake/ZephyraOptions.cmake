@@ -9,6 +9,10 @@ add_compile_options(-Wall -Wextra -ffp-contract=off -fno-fast-math)
 # which mingw's <cmath> declares only on request.
 if(WIN32)
     add_compile_definitions(WIN32_LEAN_AND_MEAN NOMINMAX _USE_MATH_DEFINES)
+    # Static libraries only, also where pkg-config names a library that exists both ways
+    # (libpng asks for -lz, which would otherwise find zlib's import library and make the
+    # module need zlib1.dll). Set here: the platform's files reset it after the toolchain's.
+    set(CMAKE_FIND_LIBRARY_SUFFIXES .a)
 endif()
 
 # A fuzzing build: everything instrumented for libFuzzer's coverage feedback and checked

@@ -49,7 +49,10 @@ Cflags: -I\${prefix}/include
 PC
 }
 
+# pixman marks its functions for export from a DLL even in a static build; a module linking
+# it would pass them all on. Its build file is told not to.
 step_pixman() {
+    sed -i "s/cc.has_function_attribute('dllexport')/false/" "$src/pixman/pixman/meson.build"
     meson_build pixman "$src/pixman" \
         -Dtests=disabled -Dgtk=disabled -Dlibpng=disabled -Dopenmp=disabled -Dtimers=false
 }

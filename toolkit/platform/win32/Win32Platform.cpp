@@ -110,11 +110,12 @@ std::unique_ptr<NativeView> Win32Platform::CreateTopLevelView(TopLevelKind kind,
                                                               ViewEvents& events) {
     // Owned by the window that holds the owner (the host's window for a view in it), so that
     // it stays above it and goes away with it.
-    HWND ownerWindow = owner ? static_cast<Win32View*>(owner)->Window() : nullptr;
-    if (ownerWindow)
-        ownerWindow = GetAncestor(ownerWindow, GA_ROOT);
+    const HWND ownerView = owner ? static_cast<Win32View*>(owner)->Window() : nullptr;
+    const HWND ownerWindow = ownerView ? GetAncestor(ownerView, GA_ROOT) : nullptr;
     auto view = std::make_unique<Win32View>(
         *this, kind == TopLevelKind::Popup ? ViewKind::Popup : ViewKind::Dialog, events);
+    if (kind == TopLevelKind::Popup && IsOurs(ownerView))
+        view->SetKeyboardStandIn(ownerView);
     if (!view->Create(ownerWindow, screenFrame))
         return nullptr;
     return view;

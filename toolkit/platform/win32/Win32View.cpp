@@ -505,6 +505,12 @@ void Win32View::GrabPointer() {
     m_platform->SetGrabber(this);
     m_grabbed = true;
     SetCapture(m_window);
+    const HWND focused = GetFocus();
+    if (m_keyboardStandIn && IsWindow(m_keyboardStandIn) && !m_platform->IsOurs(focused)) {
+        m_platform->FocusToRestore() = focused;
+        m_standInTookKeyboard = true;
+        SetFocus(m_keyboardStandIn);
+    }
 }
 
 void Win32View::ReleasePointer() {
@@ -517,6 +523,13 @@ void Win32View::ReleasePointer() {
     m_platform->SetGrabber(nullptr);
     if (Window() && GetCapture() == m_window)
         ReleaseCapture();
+    if (m_standInTookKeyboard) {
+        m_standInTookKeyboard = false;
+        HWND& restore = m_platform->FocusToRestore();
+        if (GetFocus() == m_keyboardStandIn && restore && IsWindow(restore))
+            SetFocus(restore);
+        restore = nullptr;
+    }
 }
 
 } // namespace native

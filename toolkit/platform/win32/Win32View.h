@@ -22,6 +22,10 @@ public:
     bool Create(HWND parent, const RECT& frame);
     // Takes the host's window as the view's.
     void Wrap(HWND window);
+    // A window of ours that holds the keyboard for a pop-up while it grabs the pointer (its
+    // owner view): a pop-up never takes the keyboard itself, and a key must reach one of our
+    // windows to be routed to the grab, as X11's keyboard grab routes every key.
+    void SetKeyboardStandIn(HWND window) { m_keyboardStandIn = window; }
 
     // Null once the window is gone or the platform is.
     HWND Window() const { return m_lost || !m_platform ? nullptr : m_window; }
@@ -82,6 +86,8 @@ private:
     bool m_watchViewability = false;
     bool m_viewable = true;
     bool m_grabbed = false;
+    HWND m_keyboardStandIn = nullptr;
+    bool m_standInTookKeyboard = false;
     bool m_buttonDown = false; // holding the capture for a press of its own
     bool m_trackingLeave = false;
     POINT m_lastMouse{0, 0};
