@@ -89,11 +89,14 @@ TEST_F(Input, GrabTakesEveryClickAndKeyUntilReleased) {
     popup->SetVisible(true);
     PumpFor(100);
     EXPECT_NE(GetActiveWindow(), Handle(*popup));
-    child->TakeKeyboardFocus();
+    // The host's window has the keyboard: the grab lends it to the popup's owner view, so
+    // that keys come to the popup (as X11's keyboard grab sends them) and go back after.
+    SetFocus(host);
     popup->GrabPointer();
+    EXPECT_EQ(GetFocus(), Handle(*child));
 
     // A click on another view of ours and one on the host's window, in the popup's
-    // coordinates; a key typed in the focused child goes to the popup too.
+    // coordinates; a key typed goes to the popup too.
     ClickAt(ScreenPoint(*child, 10, 10));
     ClickAt(POINT{150, 350});
     TypeKey(VK_ESCAPE);
@@ -110,6 +113,7 @@ TEST_F(Input, GrabTakesEveryClickAndKeyUntilReleased) {
     EXPECT_TRUE(childEvents.Of(Kind::Key).empty());
 
     popup->ReleasePointer();
+    EXPECT_EQ(GetFocus(), host);
     popupEvents.events.clear();
     ClickAt(ScreenPoint(*child, 10, 10));
     ASSERT_TRUE(PumpUntil([&] { return childEvents.Clicks().size() == 2; }));
