@@ -28,9 +28,9 @@ endif()
 
 # Cairo, Pango and what they need, built as static libraries by windows/deps/build.sh
 # into its cache (/var/cache/zephyra-windows-deps unless ZEPHYRA_WINDOWS_DEPS names the
-# sysroot). pkg-config then looks there only (not at the build machine's own .pc files) and answers
-# for static linking; the .pc files carry the defines and system libraries static users
-# need (CAIRO_WIN32_STATIC_BUILD, gdi32, ...).
+# sysroot). pkg-config then looks there only (not at the build machine's own .pc files)
+# and answers for static linking; the .pc files carry the defines and system libraries
+# static users need (CAIRO_WIN32_STATIC_BUILD, gdi32, ...).
 list(APPEND CMAKE_TRY_COMPILE_PLATFORM_VARIABLES ZEPHYRA_WINDOWS_DEPS)
 if(NOT ZEPHYRA_WINDOWS_DEPS)
     execute_process(
@@ -43,13 +43,11 @@ if(NOT ZEPHYRA_WINDOWS_DEPS)
     endif()
     set(ZEPHYRA_WINDOWS_DEPS ${found_deps} CACHE PATH "Cairo and Pango for Windows")
 endif()
-if(ZEPHYRA_WINDOWS_DEPS)
-    if(NOT EXISTS ${ZEPHYRA_WINDOWS_DEPS}/lib/pkgconfig/pangocairo.pc)
-        message(FATAL_ERROR "ZEPHYRA_WINDOWS_DEPS=${ZEPHYRA_WINDOWS_DEPS} holds no pangocairo.pc")
-    endif()
-    set(ENV{PKG_CONFIG_LIBDIR} ${ZEPHYRA_WINDOWS_DEPS}/lib/pkgconfig)
-    set(ENV{PKG_CONFIG_PATH} "")
-    set(PKG_CONFIG_ARGN --static)
-    # FindPkgConfig looks the libraries up with find_library, which searches only the roots.
-    list(APPEND CMAKE_FIND_ROOT_PATH ${ZEPHYRA_WINDOWS_DEPS})
+if(NOT EXISTS ${ZEPHYRA_WINDOWS_DEPS}/lib/pkgconfig/pangocairo.pc)
+    message(FATAL_ERROR "ZEPHYRA_WINDOWS_DEPS=${ZEPHYRA_WINDOWS_DEPS} holds no pangocairo.pc")
 endif()
+set(ENV{PKG_CONFIG_LIBDIR} ${ZEPHYRA_WINDOWS_DEPS}/lib/pkgconfig)
+set(ENV{PKG_CONFIG_PATH} "")
+set(PKG_CONFIG_ARGN --static)
+# FindPkgConfig looks the libraries up with find_library, which searches only the roots.
+list(APPEND CMAKE_FIND_ROOT_PATH ${ZEPHYRA_WINDOWS_DEPS})
