@@ -1,5 +1,5 @@
-// Mouse and keyboard input beyond a plain click (the end-to-end scenario plays those): double
-// click limits, drags, cursor, disabled windows, capture, modifiers and the keyboard route.
+// Mouse and keyboard input beyond a plain click (the end-to-end scenario plays those; a dialog's
+// disabled owner, dropped clicks): double click limits, drags, cursor, capture, modifiers, keys.
 #include "tests/toolkit/HostFixture.h"
 #include "toolkit/CWnd.h"
 #include "toolkit/WinMessages.h"
@@ -33,15 +33,6 @@ TEST_F(InputTest, MouseMoveAsksForTheCursor) {
     EXPECT_EQ(wnd.WParams(WM_SETCURSOR),
               std::vector<WPARAM>{reinterpret_cast<WPARAM>(wnd.GetSafeHwnd())});
     EXPECT_EQ(wnd.Points(WM_SETCURSOR), std::vector<CPoint>{CPoint(1, 0)}) << "a hit code of 1";
-}
-
-TEST_F(InputTest, DisabledWindowGetsNoInput) {
-    wnd.EnableWindow(false);
-    driver.Click(&wnd, CPoint(5, 5));
-    EXPECT_TRUE(wnd.Only(WM_LBUTTONDOWN).empty());
-    wnd.EnableWindow(true);
-    driver.Click(&wnd, CPoint(5, 5));
-    EXPECT_EQ(wnd.Only(WM_LBUTTONDOWN).size(), 1u);
 }
 
 // Capture changes no routing; a destroyed window gives up capture and focus.

@@ -74,14 +74,4 @@ TEST_F(PostMessageTest, DeferredOperationWithoutTargetRuns) {
     EXPECT_EQ(g_deferredArgument, 42);
 }
 
-TEST_F(PostMessageTest, ActivationPostIsTraced) {
-    testing::internal::CaptureStdout();
-    wnd.PostMessage(WM_ACTIVATE, 1, 0);
-    const std::string trace = testing::internal::GetCapturedStdout();
-    EXPECT_EQ(trace.rfind("PostMessage(WM_ACTIVATE,", 0), 0u);
-    EXPECT_EQ(trace.substr(trace.size() - 3), ")\r\n");
-    driver.Pump();
-    EXPECT_EQ(wnd.Only(WM_ACTIVATE).size(), 1u);
-}
-
 } // namespace

@@ -1,3 +1,5 @@
+// Timers on their own threads, posts from other threads, and the fallback that runs the toolkit
+// until the host first idles it: what arrives on the UI thread, and that nothing arrives late.
 #include "tests/toolkit/HostFixture.h"
 #include "toolkit/FallbackIdleDriver.h"
 #include "toolkit/WinMessages.h"

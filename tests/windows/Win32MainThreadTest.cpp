@@ -1,6 +1,5 @@
-// The toolkit's main-thread work on the host's UI thread: run by the platform's own timer in
-// the host's message loop, soon after a wake-up from any thread, never inside itself, and
-// safe when it lets go of the platform.
+// The toolkit's main-thread work: run by the platform's timer in the host's message loop, after
+// a wake-up from any thread, never inside itself, and safe when it lets go of the platform.
 #include "tests/windows/Win32TestHost.h"
 
 #include <thread>

@@ -164,9 +164,12 @@ void HostFixture::SetUp() {
     current = platform.get();
     hostView = platform->WrapHostView(host, hostEvents);
     ASSERT_NE(hostView, nullptr);
+    child = ShowChild(childEvents, RECT{20, 30, 220, 130});
+    ASSERT_NE(child, nullptr);
 }
 
 void HostFixture::TearDown() {
+    child.reset();
     hostView.reset();
     current = nullptr;
     platform.reset();

@@ -1,7 +1,5 @@
-// A host as the Win32 backend meets one: a plain top-level window of the host's own class on
-// this thread, the thread's message loop (which the host runs and which runs the backend's
-// window procedures and timer), real input sent through the system, and a record of what
-// each view tells the toolkit.
+// A host as the Win32 backend meets one: its own top-level window and message loop on this
+// thread, real input sent through the system, and a record of what each view tells the toolkit.
 #pragma once
 
 #include "toolkit/platform/win32/Win32Api.h"
@@ -68,7 +66,8 @@ void TypeKey(WORD virtualKey);
 unsigned long ShownColour(HWND window, int x, int y);
 
 // A host window (client 400 x 300 at screen (100, 100)) wrapped by a platform whose
-// main-thread work delivers its events, with a view made in it.
+// main-thread work delivers its events, with a view made in it and a child view of that
+// (200 x 100 at (20, 30)) shown and painted once.
 class HostFixture : public ::testing::Test {
 protected:
     void SetUp() override;
@@ -85,6 +84,8 @@ protected:
     HWND host = nullptr;
     Recorder hostEvents{current};
     std::unique_ptr<native::NativeView> hostView;
+    Recorder childEvents{current};
+    std::unique_ptr<native::NativeView> child;
 };
 
 } // namespace win32test

@@ -43,13 +43,13 @@ TEST_F(Windows, EventsWaitForTheHostsLoop) {
     view->SetFrame(RECT{10, 20, 310, 220});
     view->TakeKeyboardFocus();
     SetFocus(host);
-    Recorder childEvents{current};
-    auto inner = platform->CreateChildView(*view, RECT{0, 0, 50, 50}, childEvents);
+    Recorder innerEvents{current};
+    auto inner = platform->CreateChildView(*view, RECT{0, 0, 50, 50}, innerEvents);
     ASSERT_NE(inner, nullptr);
     inner->SetVisible(true);
     inner.reset();
     EXPECT_TRUE(events.events.empty());
-    EXPECT_TRUE(childEvents.events.empty());
+    EXPECT_TRUE(innerEvents.events.empty());
 
     // The loop delivers them: the view lost the keyboard and must be painted. Its size is
     // the toolkit's own and is not reported back.
@@ -62,55 +62,37 @@ TEST_F(Windows, EventsWaitForTheHostsLoop) {
     EXPECT_EQ(exposed.top, 0);
     EXPECT_EQ(exposed.right, 300);
     EXPECT_EQ(exposed.bottom, 200);
-    EXPECT_TRUE(childEvents.events.empty());
+    EXPECT_TRUE(innerEvents.events.empty());
     EXPECT_GT(workRuns, 0);
 }
 
-TEST_F(Windows, PresentPutsTheAreaOnScreenPixelForPixel) {
-    Recorder events{current};
-    auto view = ShowChild(events, RECT{20, 30, 220, 130});
-    ASSERT_NE(view, nullptr);
-    cairo_surface_t* pixels = Pixels(200, 100, 1.0);
-    Fill(pixels, 0, 0, 200, 100, 1, 0, 0);
-    Fill(pixels, 10, 10, 20, 20, 0, 0, 1);
-    view->Present(pixels, RECT{0, 0, 200, 100});
-    EXPECT_EQ(ShownColour(Handle(*view), 5, 5), kRed);
-    EXPECT_EQ(ShownColour(Handle(*view), 10, 10), kBlue);
-    EXPECT_EQ(ShownColour(Handle(*view), 29, 29), kBlue);
-    EXPECT_EQ(ShownColour(Handle(*view), 30, 30), kRed);
-    EXPECT_EQ(ShownColour(Handle(*view), 199, 99), kRed);
-
-    // Only the area given is copied.
-    Fill(pixels, 0, 0, 200, 100, 0, 1, 0);
-    view->Present(pixels, RECT{100, 50, 150, 80});
-    EXPECT_EQ(ShownColour(Handle(*view), 100, 50), kGreen);
-    EXPECT_EQ(ShownColour(Handle(*view), 149, 79), kGreen);
-    EXPECT_EQ(ShownColour(Handle(*view), 99, 50), kRed);
-    EXPECT_EQ(ShownColour(Handle(*view), 150, 79), kRed);
-    cairo_surface_destroy(pixels);
-}
-
-TEST_F(Windows, PresentOfScaledPixelsShowsEachDevicePixelOnce) {
-    Recorder events{current};
-    auto view = ShowChild(events, RECT{20, 30, 220, 130});
-    ASSERT_NE(view, nullptr);
-    // At scale 2 the toolkit draws in layout pixels: (10, 10, 5, 5) covers device (20..30).
+// The finished pixels are device pixels whatever their scale: at 2, where the toolkit draws in
+// layout pixels, (10, 10, 5, 5) covers device (20..30).
+TEST_F(Windows, PresentPutsTheAreaOnScreenOneDevicePixelForOne) {
     cairo_surface_t* pixels = Pixels(200, 100, 2.0);
     Fill(pixels, 0, 0, 100, 50, 1, 0, 0);
     Fill(pixels, 10, 10, 5, 5, 0, 0, 1);
-    view->Present(pixels, RECT{0, 0, 200, 100});
-    EXPECT_EQ(ShownColour(Handle(*view), 19, 19), kRed);
-    EXPECT_EQ(ShownColour(Handle(*view), 20, 20), kBlue);
-    EXPECT_EQ(ShownColour(Handle(*view), 29, 29), kBlue);
-    EXPECT_EQ(ShownColour(Handle(*view), 30, 30), kRed);
-    EXPECT_EQ(ShownColour(Handle(*view), 199, 99), kRed);
+    child->Present(pixels, RECT{0, 0, 200, 100});
+    EXPECT_EQ(ShownColour(Handle(*child), 19, 19), kRed);
+    EXPECT_EQ(ShownColour(Handle(*child), 20, 20), kBlue);
+    EXPECT_EQ(ShownColour(Handle(*child), 29, 29), kBlue);
+    EXPECT_EQ(ShownColour(Handle(*child), 30, 30), kRed);
+    EXPECT_EQ(ShownColour(Handle(*child), 199, 99), kRed);
+
+    // Only the area given is copied, from its own place: the top rows and the left columns,
+    // blue, stay elsewhere.
+    Fill(pixels, 0, 0, 100, 50, 0, 1, 0);
+    Fill(pixels, 0, 0, 10, 50, 0, 0, 1);
+    Fill(pixels, 0, 0, 100, 10, 0, 0, 1);
+    child->Present(pixels, RECT{100, 50, 150, 80});
+    EXPECT_EQ(ShownColour(Handle(*child), 100, 50), kGreen);
+    EXPECT_EQ(ShownColour(Handle(*child), 149, 79), kGreen);
+    EXPECT_EQ(ShownColour(Handle(*child), 99, 50), kRed);
+    EXPECT_EQ(ShownColour(Handle(*child), 150, 79), kRed);
     cairo_surface_destroy(pixels);
 }
 
 TEST_F(Windows, DialogFramesItsClientAreaAndAsksToClose) {
-    Recorder childEvents{current};
-    auto child = ShowChild(childEvents, RECT{20, 30, 220, 130});
-    ASSERT_NE(child, nullptr);
     Recorder events{current};
     auto dialog = platform->CreateTopLevelView(native::TopLevelKind::Dialog, child.get(),
                                                RECT{300, 200, 500, 350}, events);
@@ -151,52 +133,43 @@ TEST_F(Windows, DialogFramesItsClientAreaAndAsksToClose) {
 }
 
 TEST_F(Windows, HostDestroyingItsWindowFirstIsReported) {
-    Recorder events{current};
-    auto view = ShowChild(events, RECT{20, 30, 220, 130});
-    ASSERT_NE(view, nullptr);
-    view->TakeKeyboardFocus();
-    view->GrabPointer();
+    child->TakeKeyboardFocus();
+    child->GrabPointer();
     DestroyWindow(host);
-    ASSERT_TRUE(PumpUntil([&] { return events.Of(Kind::Destroyed).size() == 1; }));
+    ASSERT_TRUE(PumpUntil([&] { return childEvents.Of(Kind::Destroyed).size() == 1; }));
     ASSERT_TRUE(PumpUntil([&] { return hostEvents.Of(Kind::Destroyed).size() == 1; }));
     // The view is inert: nothing reaches the dead window, and it can still be destroyed.
-    EXPECT_EQ(view->SystemHandle(), 0u);
-    view->SetFrame(RECT{0, 0, 10, 10});
-    view->SetVisible(true);
-    view->ReleasePointer();
+    EXPECT_EQ(child->SystemHandle(), 0u);
+    child->SetFrame(RECT{0, 0, 10, 10});
+    child->SetVisible(true);
+    child->ReleasePointer();
     cairo_surface_t* pixels = Pixels(200, 100, 1.0);
-    view->Present(pixels, RECT{0, 0, 200, 100});
+    child->Present(pixels, RECT{0, 0, 200, 100});
     cairo_surface_destroy(pixels);
-    view.reset();
+    child.reset();
     hostView.reset();
     PumpFor(50);
-    EXPECT_EQ(events.Of(Kind::Destroyed).size(), 1u);
+    EXPECT_EQ(childEvents.Of(Kind::Destroyed).size(), 1u);
 }
 
 TEST_F(Windows, HostHidingItsWindowMakesTheViewUnviewable) {
-    Recorder events{current};
-    auto view = ShowChild(events, RECT{20, 30, 220, 130});
-    ASSERT_NE(view, nullptr);
     ShowWindow(host, SW_HIDE);
-    ASSERT_TRUE(PumpUntil([&] { return events.Of(Kind::Viewable).size() == 1; }));
-    EXPECT_FALSE(events.Of(Kind::Viewable)[0].viewable);
+    ASSERT_TRUE(PumpUntil([&] { return childEvents.Of(Kind::Viewable).size() == 1; }));
+    EXPECT_FALSE(childEvents.Of(Kind::Viewable)[0].viewable);
     ShowWindow(host, SW_SHOWNA);
-    ASSERT_TRUE(PumpUntil([&] { return events.Of(Kind::Viewable).size() == 2; }));
-    EXPECT_TRUE(events.Of(Kind::Viewable)[1].viewable);
+    ASSERT_TRUE(PumpUntil([&] { return childEvents.Of(Kind::Viewable).size() == 2; }));
+    EXPECT_TRUE(childEvents.Of(Kind::Viewable)[1].viewable);
 
-    // A view the toolkit hid itself is not told about its host.
-    view->SetVisible(false);
+    // A child the toolkit hid itself is not told about its host.
+    child->SetVisible(false);
     ShowWindow(host, SW_HIDE);
     PumpFor(200);
-    EXPECT_EQ(events.Of(Kind::Viewable).size(), 2u);
+    EXPECT_EQ(childEvents.Of(Kind::Viewable).size(), 2u);
 }
 
 // Windows hides the windows a window owns when it is minimised, with ShowOwnedPopups (wine
 // minimises without it: it is called here directly).
 TEST_F(Windows, WindowsHiddenWithTheirOwnerAreUnviewable) {
-    Recorder childEvents{current};
-    auto child = ShowChild(childEvents, RECT{20, 30, 220, 130});
-    ASSERT_NE(child, nullptr);
     Recorder events{current};
     auto popup = platform->CreateTopLevelView(native::TopLevelKind::Popup, child.get(),
                                               RECT{600, 200, 700, 300}, events);
@@ -212,16 +185,13 @@ TEST_F(Windows, WindowsHiddenWithTheirOwnerAreUnviewable) {
 }
 
 TEST_F(Windows, ViewsOutlivingThePlatformLoseTheirWindows) {
-    Recorder events{current};
-    auto view = ShowChild(events, RECT{20, 30, 220, 130});
-    ASSERT_NE(view, nullptr);
-    const HWND window = Handle(*view);
+    const HWND window = Handle(*child);
     current = nullptr;
     platform.reset();
     EXPECT_FALSE(IsWindow(window));
     EXPECT_TRUE(IsWindow(host));
-    view->SetFrame(RECT{0, 0, 10, 10});
-    view.reset();
+    child->SetFrame(RECT{0, 0, 10, 10});
+    child.reset();
     hostView.reset();
 }
 
