@@ -74,19 +74,6 @@ TEST_P(HostileStreamSetting, KeepsTheLastValidSetting) {
     expectSameOutput<double>(plugin, reference);
 }
 
-// The same value arriving before any valid one: the effect keeps its defaults.
-TEST_P(HostileStreamSetting, BeforeAnyValidSettingKeepsTheDefaults) {
-    HostedPlugin plugin;
-    plugin.Dispatch(GetParam());
-    plugin.Dispatch(effOpen);
-    plugin.Dispatch(effMainsChanged, 0, 1);
-    shapeTheSound(plugin);
-    Noise noise(9);
-    // The default block size is 256; hosts that never announce one still stay within it.
-    EXPECT_EQ(EffectProblem(plugin, noise, 256, false), "");
-    EXPECT_EQ(AudioProblem(plugin, noise, 256, true), "");
-}
-
 INSTANTIATE_TEST_SUITE_P(NumericSafety, HostileStreamSetting, testing::ValuesIn(kHostileSettings),
                          [](const testing::TestParamInfo<HostRequest>& info) {
                              return info.param.name;
