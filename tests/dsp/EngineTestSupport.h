@@ -19,17 +19,11 @@ constexpr int kDb = 65536;
 constexpr int kHz = 65536;
 
 struct Settings {
-    const char* name;
     int inputLevel, outputLevel;
     reference::Band band[2];
 };
 
-inline const Settings kDefaults = {
-    "Defaults", 0, 0, {{0, 0, 1000 * kHz, 65536}, {0, 0, 1000 * kHz, 65536}}};
-
-inline void PrintTo(const Settings& s, std::ostream* os) {
-    *os << s.name;
-}
+inline const Settings kDefaults = {0, 0, {{0, 0, 1000 * kHz, 65536}, {0, 0, 1000 * kHz, 65536}}};
 
 inline void Apply(CMultiEqualizer& engine, const Settings& s) {
     engine.set_InputLevel(s.inputLevel);

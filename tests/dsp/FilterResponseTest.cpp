@@ -33,8 +33,7 @@ FrequencyResponse MeasureSine(const std::function<float(float)>& system, double 
 }
 
 TEST(FilterResponse, EngineChainAgreesWithASineMeasuredThroughThePlainEvaluation) {
-    const Settings s = {"",
-                        -3 * kDb,
+    const Settings s = {-3 * kDb,
                         2 * kDb,
                         {{1, 12 * kDb, 1000 * kHz, 2 * 65536}, {2, -6 * kDb, 6000 * kHz, 45875}}};
     for (bool secondBandOn : {true, false}) {

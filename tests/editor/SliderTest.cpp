@@ -120,16 +120,4 @@ TEST_F(Slider, OnlyRealChangesAreReported) {
     EXPECT_TRUE(reports.empty()) << "a snapping press left at its minimum";
 }
 
-TEST_F(Slider, ADragCapturesTheMouseUntilTheRelease) {
-    ASSERT_TRUE(slider.PtInSwitch(CPoint(kLeft + 1, kTop + 1)));
-    EXPECT_EQ(CWnd::GetCapture(), &parent);
-    slider.OnMouseMove(CPoint(kLeft + 1, kTop + 55), &image);
-    slider.OnLButtonUp(CPoint(kLeft + 1, kTop + kTopEnd), &image);
-    EXPECT_EQ(CWnd::GetCapture(), nullptr);
-    EXPECT_FLOAT_EQ(slider.GetValue(), 1.0f);
-    EXPECT_EQ(ThumbTop(), kTop);
-    slider.OnMouseMove(CPoint(kLeft + 1, kTop + 55), &image);
-    EXPECT_FLOAT_EQ(slider.GetValue(), 1.0f);
-}
-
 } // namespace

@@ -28,12 +28,17 @@ int ArtworkImage::Height() const {
     return cairo_image_surface_get_height(surface_.get());
 }
 
-Pixel ArtworkImage::At(int x, int y) const {
-    // Opaque images only, so the stored values need no un-premultiplying.
+std::uint32_t ArtworkImage::Word(int x, int y) const {
     const unsigned char* row = cairo_image_surface_get_data(surface_.get()) +
                                y * cairo_image_surface_get_stride(surface_.get());
     std::uint32_t value;
     std::memcpy(&value, row + 4 * x, sizeof value);
+    return value;
+}
+
+Pixel ArtworkImage::At(int x, int y) const {
+    // Opaque images only, so the stored values need no un-premultiplying.
+    const std::uint32_t value = Word(x, y);
     return {((value >> 16) & 0xff) / 255.0, ((value >> 8) & 0xff) / 255.0, (value & 0xff) / 255.0};
 }
 

@@ -74,51 +74,10 @@ TEST_P(HostileStreamSetting, KeepsTheLastValidSetting) {
     expectSameOutput<double>(plugin, reference);
 }
 
-// The same value arriving before any valid one: the effect keeps its defaults.
-TEST_P(HostileStreamSetting, BeforeAnyValidSettingKeepsTheDefaults) {
-    HostedPlugin plugin;
-    plugin.Dispatch(GetParam());
-    plugin.Dispatch(effOpen);
-    plugin.Dispatch(effMainsChanged, 0, 1);
-    shapeTheSound(plugin);
-    Noise noise(9);
-    // The default block size is 256; hosts that never announce one still stay within it.
-    EXPECT_EQ(EffectProblem(plugin, noise, 256, false), "");
-    EXPECT_EQ(AudioProblem(plugin, noise, 256, true), "");
-}
-
 INSTANTIATE_TEST_SUITE_P(NumericSafety, HostileStreamSetting, testing::ValuesIn(kHostileSettings),
                          [](const testing::TestParamInfo<HostRequest>& info) {
                              return info.param.name;
                          });
-
-// A host that processes more frames than it announced gets the block equalised in
-// pieces, in both precisions, without a write outside the buffers.
-TEST(NumericSafety, BlocksLongerThanAnnouncedStayInsideTheBuffers) {
-    HostedPlugin plugin;
-    plugin.Start(kValidRate, 64);
-    shapeTheSound(plugin);
-    Noise noise(13);
-    for (const int frames : {65, 128, 1000, 70000}) {
-        EXPECT_EQ(AudioProblem(plugin, noise, frames, false), "") << frames;
-        EXPECT_EQ(AudioProblem(plugin, noise, frames, true), "") << frames;
-    }
-}
-
-// Blocks of no frames or a negative count touch nothing.
-TEST(NumericSafety, EmptyAndNegativeBlocksTouchNothing) {
-    HostedPlugin plugin;
-    plugin.Start(kValidRate, kValidBlock);
-    const auto untouched = [&plugin](auto&& input, auto&& output, int32_t frames) {
-        plugin.Process(input.Channels(), output.Channels(), frames);
-        return input.GuardsIntact() && output.GuardsIntact();
-    };
-    for (const int32_t frames : {0, -1, -512, std::numeric_limits<int32_t>::min()}) {
-        EXPECT_TRUE(untouched(GuardedStereo<float>(0), GuardedStereo<float>(0), frames)) << frames;
-        EXPECT_TRUE(untouched(GuardedStereo<double>(0), GuardedStereo<double>(0), frames))
-            << frames;
-    }
-}
 
 // Every valid rate the effect accepts, with the bands at the ends of their ranges: the
 // filters stay stable, so a second of audio-range noise comes out finite and bounded.
