@@ -95,9 +95,7 @@ void UiThreadHost::Run() {
             return true;
         };
         intptr_t opened = 0;
-        Timed([&] {
-            opened = plugin.dispatch(effEditOpen, 0, 0, window.parentForEditor());
-        });
+        Timed([&] { opened = plugin.dispatch(effEditOpen, 0, 0, window.parentForEditor()); });
         if (opened == 0)
             throw std::runtime_error("the plug-in did not open its editor");
         {

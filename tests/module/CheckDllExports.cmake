@@ -1,6 +1,7 @@
 # Fails unless the Windows module exports VSTPluginMain and nothing else, and needs no DLL
 # but Windows' own: a plug-in shares the host's process with other plug-ins, and is copied
 # into a host's folder alone.
+cmake_policy(SET CMP0057 NEW)
 set(windows_dlls advapi32 comdlg32 dwrite gdi32 imm32 kernel32 msimg32 msvcrt ole32 oleaut32
     shell32 shlwapi user32 usp10 uxtheme version winmm ws2_32)
 execute_process(COMMAND ${OBJDUMP} -p ${MODULE} OUTPUT_VARIABLE listing RESULT_VARIABLE status)
@@ -9,8 +10,8 @@ if(NOT status EQUAL 0)
 endif()
 
 string(REGEX MATCH "\\[Ordinal/Name Pointer\\] Table\n([^\n]+\n)*" table "${listing}")
-string(REGEX MATCHALL "\\] [^\n]+" entries "${table}")
-list(TRANSFORM entries REPLACE "^\\] " "")
+string(REGEX MATCHALL "\\[ *[0-9]+\\] [^\n]+" entries "${table}")
+list(TRANSFORM entries REPLACE "^\\[ *[0-9]+\\] " "")
 if(NOT entries STREQUAL "VSTPluginMain")
     message(FATAL_ERROR "the module exports: ${entries}")
 endif()
