@@ -31,3 +31,5 @@ add_custom_command(OUTPUT ${ZEPHYRA_FACTORY_BANK}
     DEPENDS ${native_bank}
     COMMENT "Copying the factory bank")
 add_custom_target(zephyra_factory_bank ALL DEPENDS ${ZEPHYRA_FACTORY_BANK})
+# Makefile generators know the native build's files only as its byproducts: order by target.
+add_dependencies(zephyra_factory_bank zephyra_native_resources)
