@@ -23,3 +23,14 @@ std::string ModulePath(void* module) {
         name.resize(name.size() * 2);
     }
 }
+
+void* ThisModule() {
+    static void* const module = [] {
+        HMODULE found = nullptr;
+        GetModuleHandleExW(GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS |
+                               GET_MODULE_HANDLE_EX_FLAG_UNCHANGED_REFCOUNT,
+                           reinterpret_cast<LPCWSTR>(&ThisModule), &found);
+        return static_cast<void*>(found);
+    }();
+    return module;
+}

@@ -5,3 +5,8 @@
 #include <string>
 
 std::string ModulePath(void* module);
+
+// The DLL or program that holds this code: the plug-in's DLL when a host loaded it (the
+// whole plug-in is linked into one module), the program otherwise. Null if the system
+// does not say.
+void* ThisModule();

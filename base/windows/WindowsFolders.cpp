@@ -50,10 +50,8 @@ bool GetUserPreferencesFolderURL(std::string& url) {
 }
 
 std::string GetModuleFolder() {
-    HMODULE module = nullptr;
-    if (!GetModuleHandleExW(GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS |
-                                GET_MODULE_HANDLE_EX_FLAG_UNCHANGED_REFCOUNT,
-                            reinterpret_cast<LPCWSTR>(&GetModuleFolder), &module)) {
+    void* module = ThisModule();
+    if (!module) {
         return {};
     }
     const std::string path = ModulePath(module);

@@ -47,22 +47,22 @@ struct EditorWindow::System {
 
 EditorWindow::EditorWindow(int width, int height, const std::string& title)
     : system(std::make_unique<System>()) {
-    System& s = *system;
-    s.width = width;
-    s.height = height;
-    Display*& display = s.display;
-    Window& window = s.window;
-    display = XOpenDisplay(nullptr);
+    system->width = width;
+    system->height = height;
+    Display* display = XOpenDisplay(nullptr);
     if (display == nullptr) {
         throw ToolError("cannot open the X display; the editor needs one (is DISPLAY set?)");
     }
+    system->display = display;
     XSetErrorHandler(ignoreXError);
     const int screen = DefaultScreen(display);
-    window = XCreateSimpleWindow(display, RootWindow(display, screen), 0, 0, width, height, 0,
-                                 BlackPixel(display, screen), BlackPixel(display, screen));
+    const Window window =
+        XCreateSimpleWindow(display, RootWindow(display, screen), 0, 0, width, height, 0,
+                            BlackPixel(display, screen), BlackPixel(display, screen));
+    system->window = window;
     XStoreName(display, window, title.c_str());
-    s.deleteMessage = XInternAtom(display, "WM_DELETE_WINDOW", False);
-    XSetWMProtocols(display, window, &s.deleteMessage, 1);
+    system->deleteMessage = XInternAtom(display, "WM_DELETE_WINDOW", False);
+    XSetWMProtocols(display, window, &system->deleteMessage, 1);
     XSelectInput(display, window, StructureNotifyMask);
     XMapWindow(display, window);
     // Editors expect a mapped parent; wait until the server says it is.

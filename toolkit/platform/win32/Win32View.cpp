@@ -505,11 +505,10 @@ void Win32View::GrabPointer() {
     m_platform->SetGrabber(this);
     m_grabbed = true;
     SetCapture(m_window);
-    const HWND focused = GetFocus();
-    if (m_keyboardStandIn && IsWindow(m_keyboardStandIn) && !m_platform->IsOurs(focused)) {
-        m_platform->FocusToRestore() = focused;
+    Win32View* standIn = m_platform->ViewOf(m_keyboardStandIn);
+    if (standIn && !m_platform->IsOurs(GetFocus())) {
+        standIn->TakeKeyboardFocus();
         m_standInTookKeyboard = true;
-        SetFocus(m_keyboardStandIn);
     }
 }
 
@@ -525,10 +524,8 @@ void Win32View::ReleasePointer() {
         ReleaseCapture();
     if (m_standInTookKeyboard) {
         m_standInTookKeyboard = false;
-        HWND& restore = m_platform->FocusToRestore();
-        if (GetFocus() == m_keyboardStandIn && restore && IsWindow(restore))
-            SetFocus(restore);
-        restore = nullptr;
+        if (Win32View* standIn = m_platform->ViewOf(m_keyboardStandIn))
+            standIn->ReturnKeyboardFocus();
     }
 }
 

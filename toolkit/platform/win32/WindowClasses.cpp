@@ -1,5 +1,6 @@
 #include "toolkit/platform/win32/Win32Api.h"
 
+#include "base/windows/ModulePath.h"
 #include "toolkit/platform/win32/Win32Platform.h"
 #include "toolkit/platform/win32/Win32View.h"
 #include "toolkit/platform/win32/WindowClasses.h"
@@ -16,23 +17,16 @@ struct ClassNames {
     wchar_t pump[64];
 };
 
-// The module that holds this code: the plug-in's DLL, not the host's program.
-HINSTANCE ThisModule() {
-    static const HINSTANCE module = [] {
-        HMODULE found = nullptr;
-        GetModuleHandleExW(GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS |
-                               GET_MODULE_HANDLE_EX_FLAG_UNCHANGED_REFCOUNT,
-                           reinterpret_cast<LPCWSTR>(&ThisModule), &found);
-        return found;
-    }();
-    return module;
+// The classes belong to the plug-in's DLL, not the host's program.
+HINSTANCE ClassModule() {
+    return static_cast<HINSTANCE>(ThisModule());
 }
 
 const ClassNames& Names() {
     static const ClassNames names = [] {
         ClassNames made{};
-        std::swprintf(made.view, 64, L"ZephyraView.%p", static_cast<void*>(ThisModule()));
-        std::swprintf(made.pump, 64, L"ZephyraPump.%p", static_cast<void*>(ThisModule()));
+        std::swprintf(made.view, 64, L"ZephyraView.%p", ClassModule());
+        std::swprintf(made.pump, 64, L"ZephyraPump.%p", ClassModule());
         return made;
     }();
     return names;
@@ -49,7 +43,7 @@ bool RegisterOne(const wchar_t* name, WNDPROC procedure, HCURSOR cursor) {
     windowClass.cbSize = sizeof windowClass;
     // No CS_DBLCLKS: the toolkit counts clicks itself and wants every press as a press.
     windowClass.lpfnWndProc = procedure;
-    windowClass.hInstance = ThisModule();
+    windowClass.hInstance = ClassModule();
     windowClass.hCursor = cursor;
     windowClass.lpszClassName = name;
     return RegisterClassExW(&windowClass) != 0;
@@ -64,7 +58,7 @@ bool AcquireWindowClasses() {
                          LoadCursorW(nullptr, reinterpret_cast<LPCWSTR>(IDC_ARROW))))
             return false;
         if (!RegisterOne(Names().pump, Win32Platform::PumpWindowProcedure, nullptr)) {
-            UnregisterClassW(Names().view, ThisModule());
+            UnregisterClassW(Names().view, ClassModule());
             return false;
         }
     }
@@ -76,12 +70,12 @@ void ReleaseWindowClasses() {
     std::lock_guard<std::mutex> lock(UsersLock());
     if (--g_users > 0)
         return;
-    UnregisterClassW(Names().view, ThisModule());
-    UnregisterClassW(Names().pump, ThisModule());
+    UnregisterClassW(Names().view, ClassModule());
+    UnregisterClassW(Names().pump, ClassModule());
 }
 
 void* WindowClassModule() {
-    return ThisModule();
+    return ClassModule();
 }
 
 const wchar_t* ViewClassName() {
