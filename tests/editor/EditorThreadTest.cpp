@@ -1,15 +1,41 @@
-// The editor under the host's two threads: automation and audio run on their own thread
-// while the user-interface thread opens, idles and closes the editor.
-#include "tests/editor/EditorHost.h"
+// The hand-over of the effect's news to the panel (latest values once each, the program state)
+// and the editor under the host's two threads: automation and audio run on their own thread
+// while the user-interface thread opens, idles and closes it.
 #include "editor/PendingPanelUpdates.h"
+#include "tests/editor/EditorHost.h"
 #include "tests/support/RecordingPanel.h"
 
 #include <atomic>
 #include <gtest/gtest.h>
 #include <thread>
+#include <utility>
 #include <vector>
 
 namespace {
+
+// On/off and Q2 are the first and the last parameter: a hand-over that starts one late or
+// stops one short loses one.
+TEST(PendingPanelUpdates, EachParameterArrivesOnceWithItsLatestValueAndClearForgetsTheRest) {
+    PendingPanelUpdates pending;
+    pending.UpdateControl(kParamQ2, 0.1f);
+    pending.UpdateControl(kParamOnOff, 1.0f);
+    pending.UpdateControl(kParamQ2, 0.7f);
+    pending.UpdateModify();
+    RecordingPanel panel;
+    pending.Deliver(panel);
+    const std::vector<std::pair<int, float>> expected{{kParamOnOff, 1.0f}, {kParamQ2, 0.7f}};
+    EXPECT_EQ(panel.controls, expected);
+    EXPECT_EQ(panel.modifies, 1);
+
+    pending.Deliver(panel);
+    EXPECT_EQ(panel.controls.size(), 2u) << "delivered news is gone";
+    pending.UpdateControl(kParamGain1, 0.3f);
+    pending.UpdateModify();
+    pending.Clear();
+    pending.Deliver(panel);
+    EXPECT_EQ(panel.controls.size(), 2u) << "Clear forgets the rest";
+    EXPECT_EQ(panel.modifies, 1);
+}
 
 // An automation thread writes rising values while the panel takes them: the panel never
 // sees a value go back, and the last one written always arrives.
