@@ -1,5 +1,5 @@
-// The panel at the scales of high-density screens: its size, its colours in their places, and
-// a picture drawn anew rather than stretched (clicks at scaled places: the X11 test's part).
+// The panel at the scales of high-density screens: its colours in their places and a picture
+// drawn anew rather than stretched (its size and clicks at scaled places: the X11 tests' part).
 #include "tests/editor/EditorHost.h"
 #include "tests/toolkit/TestImages.h"
 #include "toolkit/DisplayScale.h"
@@ -59,23 +59,6 @@ protected:
 private:
     std::unique_ptr<ScopedEnv> m_scale;
 };
-
-TEST_P(ScaledPanel, TheHostIsGivenTheScaledSizeAndThePanelKeepsItsLayout) {
-    UseScale(GetParam());
-    ERect* rect = nullptr;
-    ASSERT_EQ(Dispatch(effEditGetRect, 0, 0, &rect), 1);
-    const int width = static_cast<int>(std::lround(456 * GetParam()));
-    const int height = static_cast<int>(std::lround(210 * GetParam()));
-    EXPECT_EQ(rect->right - rect->left, width);
-    EXPECT_EQ(rect->bottom - rect->top, height);
-    Open();
-    const Picture shown = Shown(driver, &Panel());
-    EXPECT_EQ(cairo_image_surface_get_width(shown.get()), width);
-    EXPECT_EQ(cairo_image_surface_get_height(shown.get()), height);
-    CRect client;
-    Panel().GetClientRect(&client);
-    EXPECT_EQ(client, CRect(0, 0, 456, 210)) << "the panel itself keeps its layout";
-}
 
 // Wherever the panel at scale 1 shows a flat colour, the scaled panel shows the same colour
 // at the same layout place: the meters, the lamp and every picture sit where they belong.
