@@ -8,7 +8,6 @@
 #include "toolkit/FallbackIdleDriver.h"
 #include "toolkit/platform/headless/HeadlessPlatform.h"
 
-#include <limits>
 #include <malloc.h>
 #include <thread>
 
@@ -105,18 +104,19 @@ TEST_F(EditorPanel, AFreshPanelShowsTheEffectsValuesNotTheControlsMiddle) {
     }
 }
 
-// The switch shows the value's integer part: only a whole 1 (or more) is on, and a host's
-// value far outside any integer opens the panel as harmlessly as it reaches the engine.
+// The switch shows the value's integer part, by the rule that switches the engine (whose
+// not-a-number and infinite values the effect's processing test covers): only a whole 1 or -1
+// (or more) is on.
 TEST_F(EditorPanel, TheOnOffSwitchOpensOnTheIntegerPartOfAnyValue) {
     const struct {
         float value;
         bool on;
-    } cases[] = {{0.99f, false},
-                 {1.0f, true},
-                 {-0.5f, false},
-                 {-1.7e38f, true},
-                 {std::numeric_limits<float>::infinity(), true},
-                 {std::numeric_limits<float>::quiet_NaN(), true}};
+    } cases[] = {
+        {0.99f, false},
+        {1.0f, true},
+        {-0.5f, false},
+        {-1.7e38f, true},
+    };
     for (const auto& c : cases) {
         effect.setParameter(kParamOnOff, c.value);
         Open();
