@@ -49,11 +49,6 @@ std::string ClickOn(const std::string& window, const RECT& rect) {
     return ClickAt(window, (rect.left + rect.right) / 2, (rect.top + rect.bottom) / 2);
 }
 
-template <typename Result>
-bool Arrives(std::future<Result>& result, std::chrono::milliseconds limit) {
-    return result.wait_for(limit) == std::future_status::ready;
-}
-
 // The values a program's record holds, with one parameter replaced.
 std::vector<float> ValuesOf(const ZephyraProgramRecord& record, int changed = -1,
                             float value = 0.0f) {
@@ -109,7 +104,8 @@ protected:
     // Keeps the menu or dialog open a while; the host's call must be made meanwhile.
     template <typename Result> void HoldOpen(std::future<Result>& hostCall, const char* what) {
         std::this_thread::sleep_for(kHeldOpen);
-        EXPECT_TRUE(Arrives(hostCall, 0ms)) << "the host's call came while " << what << " was open";
+        EXPECT_EQ(hostCall.wait_for(0ms), std::future_status::ready)
+            << "the host's call came while " << what << " was open";
     }
 
     // The user's closing step; then the window must go and the editor take it in.
