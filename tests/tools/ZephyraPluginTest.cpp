@@ -194,12 +194,9 @@ TEST(OurPlugin, ChunkBankBringsItsProgramsAndSelection) {
     EXPECT_NE(run.out.find("\"Test 63\""), std::string::npos);
 }
 
-TEST(OurPlugin, IsTheDefaultPluginAndRendersTheDemo) {
+// No --plugin: the default plug-in, which lv2_tools.py's render case shows to be ours.
+TEST(OurPlugin, RendersTheDemoAsFlac) {
     TempFolder folder;
-    const ToolRun info = runZephyra({"info", "--json"});
-    ASSERT_EQ(info.exitCode, 0) << info.err;
-    EXPECT_EQ(jsonField(info.out, "name") + " " + jsonField(info.out, "uniqueId"), "Zephyra VeEQ");
-
     const ToolRun demo =
         runZephyra({"render", "--demo", folder / "demo.flac", "--program", "1", "--rate", "44100"});
     ASSERT_EQ(demo.exitCode, 0) << demo.err;
