@@ -91,13 +91,6 @@ TEST(Processing, DoublePrecisionGivesTheFloatPathsSamples) {
     }
 }
 
-TEST(HostConfiguration, SampleRateReachesTheEngineOnly) {
-    AZephyra effect(nullptr);
-    effect.setSampleRate(48000.0f);
-    EXPECT_EQ(effect.GetEngine()->GetChain(0).sampleRate, 48000.0f);
-    EXPECT_EQ(effect.getSampleRate(), 44100.0f);
-}
-
 TEST(HostConfiguration, MainsSwitchOverridesTheUsersChoiceButNotTheProgram) {
     AZephyra effect(nullptr, MakePanelEditor);
     effect.setParameter(0, 0.0f);

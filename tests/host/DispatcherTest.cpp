@@ -117,17 +117,4 @@ TEST(Dispatcher, EditorRequestsUnpackTheirArgumentsOrAnswerZeroWithoutOne) {
     EXPECT_EQ(effect.getAeffect()->flags & 1, 1) << "an editor is advertised once set";
 }
 
-TEST(BaseRecord, HoldsTheDefaultsOfAnUnnamedEffect) {
-    ProbeEffect effect;
-    const AEffect& record = *effect.getAeffect();
-    EXPECT_EQ(record.magic, 0x56737450);
-    EXPECT_EQ(record.uniqueID, 0x4E6F4566);
-    EXPECT_EQ(record.flags, 16);
-    EXPECT_EQ(record.numInputs, 1);
-    EXPECT_EQ(record.numOutputs, 2);
-    EXPECT_EQ(record.object, &effect);
-    EXPECT_EQ(effect.getSampleRate(), 44100.0f);
-    EXPECT_EQ(effect.getBlockSize(), 1024);
-}
-
 } // namespace

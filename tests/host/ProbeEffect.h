@@ -36,9 +36,6 @@ public:
     void setSampleRate(float rate) override { log.Note("setSampleRate", rate); }
     void setBlockSize(int32_t size) override { log.Note("setBlockSize", size); }
     void setProgram(int32_t program) override { log.Note("setProgram", program); }
-    void setParameter(int32_t index, float value) override {
-        log.Note("setParameter", index, value);
-    }
     float getVu() override { return vu; }
     bool keysRequired() override { return wantsKeys; }
     int32_t getChunk(void** data, bool isPreset) override {

@@ -74,7 +74,6 @@ const ErrorCase kCases[] = {
     {"DoublePrecisionThePluginLacks", "render @stereo.wav @out.wav --double",
      "no 64-bit process call", 1},
     {"PlotToMissingFolder", "plot @missing/out.png", "cannot write", 1},
-    {"PlotWithUnknownParameter", "plot @out.png --set Volume=3", "unknown parameter", 1},
     {"BankForAnotherPlugin", "render @stereo.wav @out.wav --bank @foreign.fxb",
      "belongs to plug-in 'Othr', not to 'Fixt'", 1},
     {"ProgramOutOfRange", "render @stereo.wav @out.wav --program 5", "program 5 does not exist", 1},

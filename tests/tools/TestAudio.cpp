@@ -2,6 +2,7 @@
 
 #include <cmath>
 #include <random>
+#include <sndfile.h>
 #include <stdexcept>
 
 TestAudio makeTestSignal(int channels, int sampleRate, int64_t frames) {
@@ -20,11 +21,11 @@ TestAudio makeTestSignal(int channels, int sampleRate, int64_t frames) {
     return audio;
 }
 
-void writeAudio(const std::string& path, const TestAudio& audio, int format) {
+void writeAudio(const std::string& path, const TestAudio& audio) {
     SF_INFO info{};
     info.channels = audio.channels;
     info.samplerate = audio.sampleRate;
-    info.format = format;
+    info.format = SF_FORMAT_WAV | SF_FORMAT_FLOAT;
     SNDFILE* file = sf_open(path.c_str(), SFM_WRITE, &info);
     if (file == nullptr) {
         throw std::runtime_error("cannot write test audio " + path);

@@ -3,7 +3,6 @@
 #pragma once
 
 #include <cstdint>
-#include <sndfile.h>
 #include <string>
 #include <vector>
 
@@ -19,8 +18,8 @@ struct TestAudio {
 // Noise and two tones, different in every channel, at moderate level.
 TestAudio makeTestSignal(int channels, int sampleRate, int64_t frames);
 
-void writeAudio(const std::string& path, const TestAudio& audio,
-                int format = SF_FORMAT_WAV | SF_FORMAT_FLOAT);
+// A WAV file of 32-bit floats.
+void writeAudio(const std::string& path, const TestAudio& audio);
 TestAudio readAudio(const std::string& path);
 
 // Root-mean-square level of one channel over a range of frames.

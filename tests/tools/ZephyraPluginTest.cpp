@@ -103,34 +103,8 @@ INSTANTIATE_TEST_SUITE_P(
     Tool, RenderThroughOurPlugin,
     testing::Values(RenderCase{"MonoFileInAFactoryProgram", 512, 1, {}, 1},
                     RenderCase{
-                        "DoublePrecisionWithSettings", 256, 2, {{4, 0.75f}, {3, 0.5f}}, 2, true},
-                    RenderCase{"SmallBlocksAndSteepBands",
-                               64,
-                               0,
-                               {{3, 0.5f}, {4, 1.0f}, {5, 0.1f}, {6, 0.8f}, {8, 0.0f}}}),
+                        "DoublePrecisionWithSettings", 256, 2, {{4, 0.75f}, {3, 0.5f}}, 2, true}),
     [](const testing::TestParamInfo<RenderCase>& info) { return std::string(info.param.name); });
-
-TEST(OurPlugin, ValuesSetInDisplayUnitsLandOnTheirNormalisedValue) {
-    const struct {
-        const char* assignment;
-        int index;
-        double normalised, tolerance;
-        const char* display;
-    } cases[] = {{"Gain2=-12dB", 8, 0.0, 0.0, "-12.0"},
-                 {"Freq1=2000", 5, 1980.0 / 19980.0, 1e-6, "2000.0"},
-                 {"Q1=2.5", 6, 2.2 / 9.7, 1e-6, "2.5"},
-                 {"Type1=hi", 3, 1.0, 0.0, "Hi"},
-                 // 6 dB per doubling: -6 dB is the factor 0.5 of the 0.001..2 range.
-                 {"Output=-6", 1, 0.499 / 1.999, 1e-4, "-6.0"},
-                 {"ON/OFF=OFF", 0, 0.0, 0.0, "OFF"}};
-    for (const auto& c : cases) {
-        SCOPED_TRACE(c.assignment);
-        const ToolRun run = zephyra({"info", "--json", "--set", c.assignment});
-        ASSERT_EQ(run.exitCode, 0) << run.err;
-        EXPECT_NEAR(parameterValue(run.out, c.index), c.normalised, c.tolerance);
-        EXPECT_EQ(parameterDisplay(run.out, c.index), c.display);
-    }
-}
 
 // A narrow bell at 100 Hz and a high shelf at 5 kHz, with the output 3 dB down.
 const std::vector<std::string> kPlotSettings = {"Type1=PEAK", "Gain1=+9", "Freq1=100",
@@ -220,12 +194,9 @@ TEST(OurPlugin, ChunkBankBringsItsProgramsAndSelection) {
     EXPECT_NE(run.out.find("\"Test 63\""), std::string::npos);
 }
 
-TEST(OurPlugin, IsTheDefaultPluginAndRendersTheDemo) {
+// No --plugin: the default plug-in, which lv2_tools.py's render case shows to be ours.
+TEST(OurPlugin, RendersTheDemoAsFlac) {
     TempFolder folder;
-    const ToolRun info = runZephyra({"info", "--json"});
-    ASSERT_EQ(info.exitCode, 0) << info.err;
-    EXPECT_EQ(jsonField(info.out, "name") + " " + jsonField(info.out, "uniqueId"), "Zephyra VeEQ");
-
     const ToolRun demo =
         runZephyra({"render", "--demo", folder / "demo.flac", "--program", "1", "--rate", "44100"});
     ASSERT_EQ(demo.exitCode, 0) << demo.err;
