@@ -68,12 +68,6 @@ TEST_F(ThreadTest, SecondSetTimerReplacesTheFirst) {
     wnd.KillTimer(2);
 }
 
-TEST_F(ThreadTest, StopFromAnotherThreadReturnsOnceTheTimerHasEnded) {
-    WindowTimer timer(0, 1000);
-    std::thread([&] { timer.Stop(); }).join();
-    EXPECT_FALSE(timer.IsRunning());
-}
-
 TEST_F(ThreadTest, UndeliveredTicksAreBounded) {
     wnd.SetTimer(1, 1);
     std::this_thread::sleep_for(std::chrono::milliseconds(100));
@@ -162,17 +156,6 @@ TEST(FallbackIdle, RunsTheToolkitUntilTheHostIdles) {
     std::lock_guard<std::recursive_mutex> lock(AfxUiLock());
     wnd.DestroyWindow();
     frame.SetNativeHandle(nullptr);
-}
-
-TEST(FallbackIdle, ClosingWithoutAnyIdleJoinsTheFallback) {
-    CHeadlessDriver driver;
-    void* host = driver.CreateHostWindow(CRect(0, 0, 100, 100));
-    CFrameWnd frame;
-    std::lock_guard<std::recursive_mutex> lock(AfxUiLock());
-    ASSERT_TRUE(frame.SetNativeHandle(host));
-    EXPECT_TRUE(frame.IsFallbackRunning());
-    frame.SetNativeHandle(nullptr);
-    EXPECT_FALSE(frame.IsFallbackRunning());
 }
 
 } // namespace
