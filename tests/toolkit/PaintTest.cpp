@@ -73,7 +73,8 @@ TEST_F(PaintTest, OnlyTheUpdateAreaChangesOnScreen) {
               std::make_pair(0x0000FFu, 0xFF0000u));
 }
 
-// Hidden by the toolkit, the window waits to be shown (a host hiding it is played under X).
+// Hidden by the toolkit, the window waits to be shown; hidden by the host, it gets a full
+// repaint when shown again.
 TEST_F(PaintTest, HiddenWindowIsNotPaintedUntilShown) {
     driver.Pump();
     wnd.ShowWindow(SW_HIDE);
@@ -84,6 +85,16 @@ TEST_F(PaintTest, HiddenWindowIsNotPaintedUntilShown) {
     wnd.ShowWindow(SW_SHOW);
     driver.Pump();
     EXPECT_EQ(wnd.paintedAreas.size(), 1u);
+
+    driver.Platform().SetHostWindowVisible(host, false);
+    wnd.paintedAreas.clear();
+    const CRect small(0, 0, 5, 5);
+    wnd.InvalidateRect(&small);
+    driver.Pump();
+    EXPECT_TRUE(wnd.paintedAreas.empty()) << "no drawing while unmapped";
+    driver.Platform().SetHostWindowVisible(host, true);
+    driver.Pump();
+    EXPECT_EQ(wnd.paintedAreas, std::vector<CRect>{CRect(0, 0, 300, 200)});
 }
 
 TEST_F(PaintTest, ChildWindowsShowAboveTheirParent) {

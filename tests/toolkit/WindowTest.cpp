@@ -1,5 +1,5 @@
 // Toolkit windows in a host's window: creation and its refusals, destruction, showing,
-// placing, and notifications reflected to their control.
+// placing, the host window going first, and notifications reflected to their control.
 #include "tests/toolkit/HostFixture.h"
 #include "tests/toolkit/RecordingWnd.h"
 #include "toolkit/MFCView0.h"
@@ -113,6 +113,16 @@ TEST_F(WindowTest, MoveWindowPlacesWithinTheHostFrame) {
     EXPECT_TRUE(wnd.Only(WM_SIZE).empty());
     wnd.GetWindowRect(&screen);
     EXPECT_EQ(screen.TopLeft(), CPoint(kHostLeft, kHostTop));
+}
+
+TEST_F(WindowTest, DestroyingTheHostWindowLeavesTheToolkitWindowHarmless) {
+    RecordingWnd wnd;
+    ASSERT_TRUE(wnd.CreateChild(&frame, CRect(0, 0, 10, 10)));
+    driver.DestroyHostWindow(host);
+    wnd.Invalidate();
+    driver.Pump();
+    EXPECT_TRUE(wnd.paintedAreas.empty());
+    EXPECT_TRUE(wnd.DestroyWindow());
 }
 
 // A control that takes its own selection notifications before its parent sees them.
