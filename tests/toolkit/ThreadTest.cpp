@@ -68,6 +68,12 @@ TEST_F(ThreadTest, SecondSetTimerReplacesTheFirst) {
     wnd.KillTimer(2);
 }
 
+TEST_F(ThreadTest, StopFromAnotherThreadReturnsOnceTheTimerHasEnded) {
+    WindowTimer timer(0, 1000);
+    std::thread([&] { timer.Stop(); }).join();
+    EXPECT_FALSE(timer.IsRunning());
+}
+
 TEST_F(ThreadTest, UndeliveredTicksAreBounded) {
     wnd.SetTimer(1, 1);
     std::this_thread::sleep_for(std::chrono::milliseconds(100));
