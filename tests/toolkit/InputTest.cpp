@@ -56,13 +56,14 @@ TEST_F(InputTest, CaptureIsBookkeepingOnly) {
     EXPECT_EQ(CWnd::GetFocus(), nullptr);
 }
 
-// Shift (16) and Control (17) are read by the panel's on/off switch, whose tests hold them.
+// Shift (16) is read by the panel's on/off switch and by Shift+Tab, whose tests hold it.
 TEST_F(InputTest, KeyStateMapsVirtualKeysOntoModifierBits) {
     const struct {
         int virtualKey;
         unsigned modifiers;
         DWORD expected;
     } cases[] = {
+        {17, kModifierControl, 0xFFFF8000u},
         {18, kModifierCommand, 0xFFFF8000u},
         {18, kModifierOption, 0},
         {19, kModifierOption, 0xFFFF8000u},
