@@ -168,13 +168,6 @@ TEST_F(DialogTest, TabMovesBetweenControlsAndTypingGoesToTheField) {
     EXPECT_EQ(dialog.name, "Warm") << "Tab selects the field's text, typing replaces it";
 }
 
-TEST_F(DialogTest, DialogWithOnlyATemplateIdFailsWithMinusOne) {
-    CDialog unknown(kTemplate, &wnd);
-    testing::internal::CaptureStdout();
-    EXPECT_EQ(unknown.DoModal(nullptr), -1);
-    EXPECT_EQ(testing::internal::GetCapturedStdout(), "CreateWindowFromNib Err: 2\n");
-}
-
 // The dialog's own trace, then the one every posted activation leaves.
 TEST_F(DialogTest, DoModalActivatesTheDialogWithTraces) {
     testing::internal::CaptureStdout();
@@ -190,7 +183,13 @@ TEST_F(DialogTest, DoModalActivatesTheDialogWithTraces) {
     EXPECT_EQ(trace.rfind(expected, 0), 0u) << trace;
 }
 
-TEST_F(DialogTest, FailedExchangeEndsTheDialogAtOnce) {
+// A dialog known only by a template id, or whose exchange fails, ends at once and never reports.
+TEST_F(DialogTest, DialogThatCannotBeBuiltFailsWithMinusOne) {
+    CDialog unknown(kTemplate, &wnd);
+    testing::internal::CaptureStdout();
+    EXPECT_EQ(unknown.DoModal(nullptr), -1);
+    EXPECT_EQ(testing::internal::GetCapturedStdout(), "CreateWindowFromNib Err: 2\n");
+
     class Broken : public CDialog {
     public:
         explicit Broken(CWnd* parent) : CDialog(SaveLayout(), parent) {}

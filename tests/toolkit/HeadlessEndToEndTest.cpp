@@ -1,6 +1,6 @@
 // The end-to-end scenario on the headless driver, whose input and pixels it fakes in memory.
 #include "tests/toolkit/EndToEndScenario.h"
-#include "toolkit/driver/CHeadlessDriver.h"
+#include "tests/toolkit/HostFixture.h"
 #include "toolkit/platform/KeyCodes.h"
 
 #include <gtest/gtest.h>
@@ -45,15 +45,11 @@ private:
     CHeadlessDriver& m_driver;
 };
 
-TEST(HeadlessEndToEnd, WindowInAHostIsPaintedClickedAndTypedInto) {
-    CHeadlessDriver driver;
-    void* host = driver.CreateHostWindow(CRect(50, 50, 350, 250));
-    CFrameWnd frame;
-    ASSERT_TRUE(frame.SetNativeHandle(host));
-    frame.HostIdle();
+using HeadlessEndToEnd = HostFixture;
+
+TEST_F(HeadlessEndToEnd, WindowInAHostIsPaintedClickedAndTypedInto) {
     HeadlessBackend backend(driver);
     PlayScenario(frame, backend);
-    frame.SetNativeHandle(nullptr);
 }
 
 } // namespace

@@ -164,15 +164,4 @@ TEST(FallbackIdle, RunsTheToolkitUntilTheHostIdles) {
     frame.SetNativeHandle(nullptr);
 }
 
-TEST(FallbackIdle, ClosingWithoutAnyIdleJoinsTheFallback) {
-    CHeadlessDriver driver;
-    void* host = driver.CreateHostWindow(CRect(0, 0, 100, 100));
-    CFrameWnd frame;
-    std::lock_guard<std::recursive_mutex> lock(AfxUiLock());
-    ASSERT_TRUE(frame.SetNativeHandle(host));
-    EXPECT_TRUE(frame.IsFallbackRunning());
-    frame.SetNativeHandle(nullptr);
-    EXPECT_FALSE(frame.IsFallbackRunning());
-}
-
 } // namespace

@@ -19,33 +19,30 @@ std::vector<CRect> RectsOf(const TouchedArea& area) {
 }
 
 TEST(TouchedArea, NeighboursJoinAndDistantPlacesStayApart) {
-    TouchedArea meters;
-    // Two meters side by side at each end of a panel 456 pixels wide.
-    meters.Add(CRect(29, 45, 38, 185));
-    meters.Add(CRect(38, 45, 47, 185));
-    meters.Add(CRect(422, 45, 431, 185));
-    meters.Add(CRect(431, 45, 440, 185));
-    EXPECT_EQ(RectsOf(meters),
-              (std::vector<CRect>{CRect(29, 45, 47, 185), CRect(422, 45, 440, 185)}));
-
-    TouchedArea overlapping;
-    overlapping.Add(CRect(0, 0, 100, 100));
-    overlapping.Add(CRect(50, 50, 60, 60));
-    EXPECT_EQ(RectsOf(overlapping), std::vector<CRect>{CRect(0, 0, 100, 100)});
-
-    TouchedArea nothing;
-    nothing.Add(CRect(10, 10, 10, 30));
-    nothing.Add(CRect(5, 5, 0, 0));
-    EXPECT_TRUE(nothing.IsEmpty());
-}
-
-TEST(TouchedArea, AJoinThatReachesAnotherPieceTakesItIn) {
-    TouchedArea area;
-    area.Add(CRect(0, 0, 10, 10));
-    area.Add(CRect(200, 0, 210, 10));
-    // Joins the first, and the joint box then lies beside the second.
-    area.Add(CRect(10, 0, 200, 10));
-    EXPECT_EQ(RectsOf(area), std::vector<CRect>{CRect(0, 0, 210, 10)});
+    const struct {
+        const char* what;
+        std::vector<CRect> added, shown;
+    } cases[] = {
+        {"two meters side by side at each end of a panel 456 pixels wide",
+         {CRect(29, 45, 38, 185), CRect(38, 45, 47, 185), CRect(422, 45, 431, 185),
+          CRect(431, 45, 440, 185)},
+         {CRect(29, 45, 47, 185), CRect(422, 45, 440, 185)}},
+        {"a piece inside another",
+         {CRect(0, 0, 100, 100), CRect(50, 50, 60, 60)},
+         {CRect(0, 0, 100, 100)}},
+        {"empty pieces", {CRect(10, 10, 10, 30), CRect(5, 5, 0, 0)}, {}},
+        // Too far apart to join, until the piece between them joins one and the joint box
+        // then lies beside the other.
+        {"a join that reaches another piece",
+         {CRect(0, 0, 10, 100), CRect(100, 0, 110, 100), CRect(10, 0, 100, 100)},
+         {CRect(0, 0, 110, 100)}},
+    };
+    for (const auto& c : cases) {
+        TouchedArea area;
+        for (const CRect& piece : c.added)
+            area.Add(piece);
+        EXPECT_EQ(RectsOf(area), c.shown) << c.what;
+    }
 }
 
 TEST(TouchedArea, ManyScatteredPiecesStayFewAndCoverEverything) {

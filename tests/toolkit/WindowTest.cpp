@@ -98,10 +98,8 @@ TEST_F(WindowTest, ShowWindowHidesAndShowsWithPositionNotice) {
     EXPECT_TRUE(viewless.received.empty());
 }
 
-TEST_F(WindowTest, HostFrameTakesTheHostSizeAndMoveWindowPlacesWithinIt) {
-    CRect client;
-    frame.GetClientRect(&client);
-    EXPECT_EQ(client, CRect(0, 0, kHostWidth, kHostHeight));
+// The frame taking the host window's size is checked under X, on a real host window.
+TEST_F(WindowTest, MoveWindowPlacesWithinTheHostFrame) {
     RecordingWnd wnd;
     ASSERT_TRUE(wnd.CreateChild(&frame, CRect(0, 0, 10, 10)));
     wnd.received.clear();

@@ -180,22 +180,14 @@ TEST_F(Input, KeysGiveTheKeyCodesAndCharactersOfKeyCodes) {
 
 TEST_F(Input, ModifiersAreThoseHeldWhenTheKeyWasTyped) {
     child->TakeKeyboardFocus();
-
-    INPUT input{};
-    input.type = INPUT_KEYBOARD;
-    input.ki.wVk = VK_SHIFT;
-    ASSERT_EQ(SendInput(1, &input, sizeof input), 1u);
+    PressKey(VK_SHIFT, true);
     TypeKey('A');
-    input.ki.dwFlags = KEYEVENTF_KEYUP;
-    ASSERT_EQ(SendInput(1, &input, sizeof input), 1u);
-    input.ki.wVk = VK_CONTROL;
-    input.ki.dwFlags = 0;
-    ASSERT_EQ(SendInput(1, &input, sizeof input), 1u);
+    PressKey(VK_SHIFT, false);
+    PressKey(VK_CONTROL, true);
     TypeKey(VK_RIGHT);
     // Control with a letter types a control character: no key event, as on X11.
     TypeKey('C');
-    input.ki.dwFlags = KEYEVENTF_KEYUP;
-    ASSERT_EQ(SendInput(1, &input, sizeof input), 1u);
+    PressKey(VK_CONTROL, false);
     TypeKey(VK_UP);
     ASSERT_TRUE(PumpUntil([&] { return childEvents.Of(Kind::Key).size() >= 3; }));
     PumpFor(50);

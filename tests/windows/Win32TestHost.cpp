@@ -129,13 +129,17 @@ void ClickAt(POINT screen) {
     PressButton(false);
 }
 
-void TypeKey(WORD virtualKey) {
+void PressKey(WORD virtualKey, bool down) {
     INPUT input{};
     input.type = INPUT_KEYBOARD;
     input.ki.wVk = virtualKey;
+    input.ki.dwFlags = down ? 0 : KEYEVENTF_KEYUP;
     Send(input);
-    input.ki.dwFlags = KEYEVENTF_KEYUP;
-    Send(input);
+}
+
+void TypeKey(WORD virtualKey) {
+    PressKey(virtualKey, true);
+    PressKey(virtualKey, false);
     PumpFor(50);
 }
 

@@ -60,6 +60,7 @@ bool PumpUntil(const std::function<bool()>& done);
 void MovePointer(POINT screen);
 void PressButton(bool down);
 void ClickAt(POINT screen);
+void PressKey(WORD virtualKey, bool down);
 void TypeKey(WORD virtualKey);
 
 // The colour shown at a point of a window (0x00BBGGRR).
