@@ -164,17 +164,6 @@ TEST(MultiEqualizer, SettingsMadeBeforeTheFormatAreDesignedByIt) {
     ExpectMatchesReference(in, RunBlocks(engine, in, {64}), kBoostAndCut, 48000);
 }
 
-TEST(MultiEqualizer, NonPositiveCountTouchesNothing) {
-    auto engine = MakeEngine(kDefaults);
-    const std::vector<float> loud(4, 3.0f);
-    const float* in[] = {loud.data(), loud.data()};
-    for (int count : {0, -1, INT_MIN}) {
-        GuardedOutput out(2, 0);
-        engine->Transform(in, count, out.pointers(), nullptr);
-        out.ExpectGuardsIntact();
-    }
-}
-
 TEST(MultiEqualizer, MonoRunsTheFirstChannelOnly) {
     const auto in = reference::Noise(300, 9);
     const auto out = TransformBlock(*MakeEngine(kBoostAndCut, 128, 1, 48000), {in.data()}, 300, 1);
