@@ -71,28 +71,25 @@ public:
     static constexpr int kGuard = 8;
 
     // Every sample of the arena is signal: whatever the layout reads is defined input.
-    Arena(Layout layout, int frames, std::mt19937& rng) : m_frames(frames) {
+    Arena(Layout layout, int frames, std::mt19937& rng) {
         const int stride = frames + kGuard;
         m_memory.resize(static_cast<size_t>(4 * stride + 2 * kGuard));
         FillSignal(rng);
         const int in0 = kGuard, in1 = kGuard + stride;
         const int out0 = kGuard + 2 * stride, out1 = kGuard + 3 * stride;
         const int mid = kGuard / 2, shift = 1 + static_cast<int>(rng() % 3);
-        const int offsets[][4] = {{in0, in1, out0, out1},     {in0, in1, in0, in1},
-                                  {in0, in1, in1, in0},
-                                  {in0 + mid, in1 + mid, in0 + mid + shift, in1 + mid - shift},
-                                  {in0, in0, out0, out1},     {in0, in1, out0, out0}};
+        const int offsets[][4] = {
+            {in0, in1, out0, out1}, {in0, in1, in0, in1},
+            {in0, in1, in1, in0},   {in0 + mid, in1 + mid, in0 + mid + shift, in1 + mid - shift},
+            {in0, in0, out0, out1}, {in0, in1, out0, out0}};
         Place(offsets[static_cast<int>(layout)]);
     }
 
-    Arena(const Arena& other) : m_frames(other.m_frames), m_memory(other.m_memory) {
-        Place(other.m_offsets);
-    }
+    Arena(const Arena& other) : m_memory(other.m_memory) { Place(other.m_offsets); }
     Arena& operator=(const Arena&) = delete;
 
     float** In() { return m_in; }
     float** Out() { return m_out; }
-    int Frames() const { return m_frames; }
 
     // Empty when both arenas hold the same bits, else where they first differ.
     std::string Difference(const Arena& other) const {
@@ -134,7 +131,6 @@ private:
         }
     }
 
-    int m_frames;
     std::vector<float> m_memory;
     int m_offsets[4] = {};
     float* m_in[2] = {};

@@ -65,12 +65,9 @@ TEST_F(Lifecycle, EveryOrderOfTheSetUpRequests) {
         order[i] = i;
     }
     Noise noise(31);
-    long sessions = 0;
     do {
         ASSERT_EQ(runSession(order, noise), "");
-        ++sessions;
     } while (std::next_permutation(order.begin(), order.end()));
-    EXPECT_EQ(sessions, 720);
 }
 
 TEST_F(Lifecycle, RepeatedAndMissingRequests) {

@@ -6,7 +6,6 @@
 
 #include <algorithm>
 #include <chrono>
-#include <cstdlib>
 #include <cstring>
 #include <string>
 #include <tuple>
@@ -17,12 +16,7 @@ namespace {
 constexpr float kSampleRate = 44100.0f;
 constexpr int32_t kBlock = 512;
 
-// Hours of audio; ZEPHYRA_LONG_RUN_HOURS overrides it for a longer soak.
-double audioHours() {
-    const char* text = std::getenv("ZEPHYRA_LONG_RUN_HOURS");
-    const double hours = text ? std::atof(text) : 0.0;
-    return hours > 0.0 ? hours : 8.0;
-}
+constexpr double kAudioHours = 8.0;
 
 struct Change {
     enum Kind { kParameter, kProgram, kPreset, kMainsCycle } kind;
@@ -90,7 +84,7 @@ State stateOf(HostedPlugin& plugin) {
 }
 
 TEST(LongRun, HoursOfAudioLeaveNoTraceInTheState) {
-    const long totalFrames = static_cast<long>(audioHours() * 3600.0 * kSampleRate);
+    const long totalFrames = static_cast<long>(kAudioHours * 3600.0 * kSampleRate);
     HostedPlugin played;
     played.Start(kSampleRate, kBlock);
     std::vector<Change> history;

@@ -49,7 +49,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     plugin.Dispatch(effSetProgram, 0, program);
 
     // Exactly as long as the chunk, so a read past its end is caught.
-    const std::vector<uint8_t> chunk = input.Rest();
+    const std::vector<uint8_t> chunk = input.Bytes(input.Remaining());
     std::vector<uint8_t> buffer(chunk);
     const int32_t claimedSize = claim == 1   ? 0
                                 : claim == 2 ? -static_cast<int32_t>(chunk.size()) - 1

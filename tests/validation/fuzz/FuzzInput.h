@@ -32,7 +32,6 @@ public:
         m_position += taken;
         return bytes;
     }
-    std::vector<uint8_t> Rest() { return Bytes(Remaining()); }
     std::string Text(size_t count) {
         const std::vector<uint8_t> bytes = Bytes(count);
         return std::string(bytes.begin(), bytes.end());

@@ -38,7 +38,6 @@ public:
 
     Sample** Channels() { return m_pointers; }
     Sample* Channel(int channel) { return m_pointers[channel]; }
-    const Sample* Channel(int channel) const { return m_pointers[channel]; }
     int Frames() const { return m_frames; }
 
     void Fill(Noise& noise, float amplitude) {
@@ -73,7 +72,6 @@ public:
         return true;
     }
 
-    Sample Peak() const { return Peak(m_frames); }
     Sample Peak(int frames) const {
         Sample peak = 0;
         for (const Sample* channel : m_pointers) {

@@ -8,15 +8,6 @@
 
 extern "C" AEffect* VSTPluginMain(audioMasterCallback audioMaster);
 
-namespace {
-
-void failHard(const char* what) {
-    std::fprintf(stderr, "validation host: %s\n", what);
-    std::abort();
-}
-
-} // namespace
-
 HostFolders& HostFolders::Get() {
     static HostFolders folders;
     return folders;
@@ -49,7 +40,8 @@ HostedPlugin::HostedPlugin() {
     m_host.directory = HostFolders::Get().PluginFolder();
     m_record = VSTPluginMain(hostCallback);
     if (!m_record) {
-        failHard("the entry point gave no effect");
+        std::fprintf(stderr, "validation host: the entry point gave no effect\n");
+        std::abort();
     }
     registerHostState(m_record, &m_host);
 }

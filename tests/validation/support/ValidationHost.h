@@ -39,18 +39,19 @@ struct HostRequest {
 // made, so the audio thread may reach it.
 class HostedPlugin {
 public:
-    HostedPlugin(); // aborts when the entry point gives no effect
+    HostedPlugin();  // aborts when the entry point gives no effect
     ~HostedPlugin(); // closes the effect unless a test did
     HostedPlugin(const HostedPlugin&) = delete;
     HostedPlugin& operator=(const HostedPlugin&) = delete;
 
     AEffect* Record() const { return m_record; }
     AZephyra& Effect() const;
-    bool IsAlive() const { return m_record != nullptr; }
 
     intptr_t Dispatch(int32_t opcode, int32_t index = 0, intptr_t value = 0, void* ptr = nullptr,
                       float opt = 0.0f);
-    intptr_t Dispatch(const HostRequest& r) { return Dispatch(r.opcode, 0, r.value, nullptr, r.opt); }
+    intptr_t Dispatch(const HostRequest& r) {
+        return Dispatch(r.opcode, 0, r.value, nullptr, r.opt);
+    }
     void SetParameter(int32_t index, float value);
     float GetParameter(int32_t index);
     void Process(float** inputs, float** outputs, int32_t frames);
