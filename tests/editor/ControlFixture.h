@@ -2,8 +2,8 @@
 // told, and an off-screen DC to draw it into.
 #pragma once
 
-#include "toolkit/CWnd.h"
 #include "tests/editor/FramePictures.h"
+#include "toolkit/CWnd.h"
 
 #include <gtest/gtest.h>
 #include <vector>

@@ -2,12 +2,12 @@
 // the way a host drives it: through the dispatcher, with idle calls, and with the mouse.
 #pragma once
 
-#include "effect/AZephyra.h"
-#include "toolkit/driver/CHeadlessDriver.h"
 #include "editor/CUIWindow.h"
 #include "editor/CZephyraEditor.h"
+#include "effect/AZephyra.h"
 #include "tests/support/RecordingHost.h"
 #include "tests/support/TempFolder.h"
+#include "toolkit/driver/CHeadlessDriver.h"
 
 #include <gtest/gtest.h>
 #include <memory>

@@ -1,8 +1,8 @@
 // The import of a legacy program list (one tab-separated value line per program file)
 // and the small readers it rests on.
-#include "tests/effect/EffectTestSupport.h"
 #include "effect/LegacyProgramImport.h"
 #include "effect/Myifstream.h"
+#include "tests/effect/EffectTestSupport.h"
 
 #include <gtest/gtest.h>
 

@@ -16,8 +16,8 @@ inline std::string BigEndian(uint32_t value) {
 // 28 bytes of a program ("FxCk"); the selected program is only meaningful from version 2.
 inline std::string FxHeader(const char* kind, uint32_t version, const char* id, uint32_t count,
                             uint32_t current = 0) {
-    std::string header = "CcnK" + BigEndian(0) + kind + BigEndian(version) + id + BigEndian(1) +
-                         BigEndian(count);
+    std::string header =
+        "CcnK" + BigEndian(0) + kind + BigEndian(version) + id + BigEndian(1) + BigEndian(count);
     if (std::strcmp(kind, "FxCk") != 0) {
         header += BigEndian(current);
         header.resize(156, '\0');

@@ -2,8 +2,8 @@
 // driver or a real X server. Both must give the same messages and the same pixels.
 #pragma once
 
-#include "toolkit/CFrameWnd.h"
 #include "tests/toolkit/RecordingWnd.h"
+#include "toolkit/CFrameWnd.h"
 
 #include <functional>
 #include <string>

@@ -2,10 +2,10 @@
 // editor has it once the host opened it and idled it once.
 #pragma once
 
-#include "toolkit/CFrameWnd.h"
-#include "toolkit/driver/CHeadlessDriver.h"
-#include "toolkit/MessageCache.h"
 #include "tests/toolkit/RecordingWnd.h"
+#include "toolkit/CFrameWnd.h"
+#include "toolkit/MessageCache.h"
+#include "toolkit/driver/CHeadlessDriver.h"
 
 #include <gtest/gtest.h>
 
@@ -31,7 +31,8 @@ protected:
 
 // The same with one window of the test's kind, 300 × 200 at (10, 10) in the frame; settled,
 // it has had its first paint and forgotten what it received until then.
-template <class Wnd = RecordingWnd, bool kSettled = false> class WindowFixture : public HostFixture {
+template <class Wnd = RecordingWnd, bool kSettled = false>
+class WindowFixture : public HostFixture {
 protected:
     void SetUp() override {
         HostFixture::SetUp();

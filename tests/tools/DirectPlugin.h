@@ -2,8 +2,8 @@
 // rendering in between: the reference the tool's output is compared with.
 #pragma once
 
-#include "tools/PluginInstance.h"
 #include "tests/tools/TestAudio.h"
+#include "tools/PluginInstance.h"
 
 #include <string>
 

@@ -45,8 +45,7 @@ TEST(Editor, ThirdPartyEditorDrawsIntoOurWindow) {
     ASSERT_EQ(run.exitCode, 0) << run.err;
     EXPECT_NE(run.out.find("wrote " + (folder / "editor.png")), std::string::npos);
 
-    cairo_surface_t* picture =
-        cairo_image_surface_create_from_png((folder / "editor.png").c_str());
+    cairo_surface_t* picture = cairo_image_surface_create_from_png((folder / "editor.png").c_str());
     ASSERT_EQ(cairo_surface_status(picture), CAIRO_STATUS_SUCCESS);
     // The window took the size the editor asked for, not our fallback.
     EXPECT_NE(cairo_image_surface_get_width(picture), 400);

@@ -1,8 +1,8 @@
 // Reading bank files: both kinds, the selected program of newer banks, and damaged files.
 #include "tools/FxbFile.h"
-#include "tools/ToolError.h"
 #include "tests/support/BankBytes.h"
 #include "tests/support/TempFolder.h"
+#include "tools/ToolError.h"
 
 #include <gtest/gtest.h>
 
@@ -28,8 +28,9 @@ protected:
 };
 
 TEST_F(BankFiles, ParameterListsKeepOrderNamesAndValues) {
-    const FxbFile bank = read(FxHeader("FxBk", 2, "Abcd", 2, 1) + ProgramRecord("Abcd", "Soft", {0.25f, 0.5f}) +
-                              ProgramRecord("Abcd", "Loud", {1.0f, 0.125f}));
+    const FxbFile bank =
+        read(FxHeader("FxBk", 2, "Abcd", 2, 1) + ProgramRecord("Abcd", "Soft", {0.25f, 0.5f}) +
+             ProgramRecord("Abcd", "Loud", {1.0f, 0.125f}));
     EXPECT_FALSE(bank.isChunk);
     EXPECT_EQ(bank.pluginId, 0x41626364); // 'Abcd'
     EXPECT_EQ(bank.currentProgram, 1);
@@ -40,7 +41,8 @@ TEST_F(BankFiles, ParameterListsKeepOrderNamesAndValues) {
 }
 
 TEST_F(BankFiles, FirstFormatVersionHasNoSelectedProgram) {
-    const FxbFile bank = read(FxHeader("FxBk", 1, "Abcd", 1, 7) + ProgramRecord("Abcd", "Only", {0.5f}));
+    const FxbFile bank =
+        read(FxHeader("FxBk", 1, "Abcd", 1, 7) + ProgramRecord("Abcd", "Only", {0.5f}));
     EXPECT_EQ(bank.currentProgram, 0);
 }
 

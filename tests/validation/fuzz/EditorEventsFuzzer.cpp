@@ -1,11 +1,11 @@
 // Any mouse and key events on the editor, its menus and dialogs, while the host automates, plays,
 // changes programs and reopens the editor: afterwards every parameter displays, the audio finite.
-#include "toolkit/driver/CHeadlessDriver.h"
 #include "editor/CUIWindow.h"
 #include "editor/CZephyraEditor.h"
 #include "tests/validation/fuzz/FuzzInput.h"
-#include "toolkit/platform/KeyCodes.h"
 #include "tests/validation/support/PluginChecks.h"
+#include "toolkit/driver/CHeadlessDriver.h"
+#include "toolkit/platform/KeyCodes.h"
 
 namespace {
 

@@ -1,7 +1,7 @@
 // Any legacy program list and program files (a count, each file with a 16-bit length, then
 // the list): afterwards every program is usable and every name fits the hosts' 24 bytes.
-#include "tests/validation/fuzz/FuzzInput.h"
 #include "tests/support/TempFolder.h"
+#include "tests/validation/fuzz/FuzzInput.h"
 #include "tests/validation/support/PluginChecks.h"
 
 #include <algorithm>
@@ -83,7 +83,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
         for (size_t entry = 0; entry < names.size(); ++entry) {
             if (usableFileName(names[entry])) {
                 WriteWholeFile(folder + names[entry] + ".PGM",
-                          programFiles[entry % programFiles.size()]);
+                               programFiles[entry % programFiles.size()]);
             }
         }
     }
