@@ -18,11 +18,6 @@ CString::CString(const char* text, int length) {
         m_text.assign(text, strnlen(text, static_cast<size_t>(length)));
 }
 
-CString::CString(char character, int count) {
-    if (count > 0)
-        m_text.assign(static_cast<size_t>(count), character);
-}
-
 char CString::GetAt(int index) const {
     if (index < 0 || index >= GetLength())
         return '\0';
@@ -60,81 +55,12 @@ CString& CString::operator=(const char* text) {
     return *this;
 }
 
-CString& CString::operator+=(const CString& text) {
-    m_text += text.m_text;
-    return *this;
-}
-
-CString& CString::operator+=(const char* text) {
-    if (text)
-        m_text += text;
-    return *this;
-}
-
-CString& CString::operator+=(char character) {
-    m_text += character;
-    return *this;
-}
-
 int CString::Compare(const char* text) const {
     return std::strcmp(m_text.c_str(), text ? text : "");
 }
 
-int CString::Find(char character, int start) const {
-    if (start < 0 || start > GetLength())
-        return -1;
-    const size_t at = m_text.find(character, static_cast<size_t>(start));
-    return at == std::string::npos ? -1 : static_cast<int>(at);
-}
-
-int CString::Find(const char* text, int start) const {
-    if (!text || start < 0 || start > GetLength())
-        return -1;
-    const size_t at = m_text.find(text, static_cast<size_t>(start));
-    return at == std::string::npos ? -1 : static_cast<int>(at);
-}
-
 CString CString::Left(int count) const {
     return CString(m_text.substr(0, static_cast<size_t>(ClampCount(count, GetLength()))));
-}
-
-CString CString::Mid(int first) const {
-    return Mid(first, GetLength());
-}
-
-CString CString::Mid(int first, int count) const {
-    const int start = ClampCount(first, GetLength());
-    return CString(m_text.substr(static_cast<size_t>(start),
-                                 static_cast<size_t>(ClampCount(count, GetLength() - start))));
-}
-
-CString CString::Right(int count) const {
-    const int taken = ClampCount(count, GetLength());
-    return CString(m_text.substr(static_cast<size_t>(GetLength() - taken)));
-}
-
-CString operator+(const CString& a, const CString& b) {
-    CString result(a);
-    result += b;
-    return result;
-}
-
-CString operator+(const CString& a, const char* b) {
-    CString result(a);
-    result += b;
-    return result;
-}
-
-CString operator+(const char* a, const CString& b) {
-    CString result(a);
-    result += b;
-    return result;
-}
-
-CString operator+(const CString& a, char b) {
-    CString result(a);
-    result += b;
-    return result;
 }
 
 bool operator==(const CString& a, const CString& b) {
@@ -154,7 +80,4 @@ bool operator!=(const CString& a, const char* b) {
 }
 bool operator!=(const char* a, const CString& b) {
     return !(a == b);
-}
-bool operator<(const CString& a, const CString& b) {
-    return a.Compare(b) < 0;
 }

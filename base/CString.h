@@ -10,7 +10,6 @@ public:
     CString() = default;
     CString(const char* text) : m_text(text ? text : "") {}
     CString(const char* text, int length);
-    CString(char character, int count = 1);
     CString(const std::string& text) : m_text(text) {}
 
     int GetLength() const { return static_cast<int>(m_text.size()); }
@@ -27,26 +26,13 @@ public:
     void FormatV(const char* format, va_list arguments);
 
     CString& operator=(const char* text);
-    CString& operator+=(const CString& text);
-    CString& operator+=(const char* text);
-    CString& operator+=(char character);
 
     int Compare(const char* text) const;
-    int Find(char character, int start = 0) const;
-    int Find(const char* text, int start = 0) const;
     CString Left(int count) const;
-    CString Mid(int first) const;
-    CString Mid(int first, int count) const;
-    CString Right(int count) const;
 
 private:
     std::string m_text;
 };
-
-CString operator+(const CString& a, const CString& b);
-CString operator+(const CString& a, const char* b);
-CString operator+(const char* a, const CString& b);
-CString operator+(const CString& a, char b);
 
 bool operator==(const CString& a, const CString& b);
 bool operator==(const CString& a, const char* b);
@@ -54,4 +40,3 @@ bool operator==(const char* a, const CString& b);
 bool operator!=(const CString& a, const CString& b);
 bool operator!=(const CString& a, const char* b);
 bool operator!=(const char* a, const CString& b);
-bool operator<(const CString& a, const CString& b);

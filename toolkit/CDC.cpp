@@ -110,12 +110,6 @@ int CDC::SetBkMode(int mode) {
     return previous;
 }
 
-CPoint CDC::SetViewportOrg(int x, int y) {
-    const CPoint previous = m_origin;
-    m_origin = CPoint(x, y);
-    return previous;
-}
-
 void CDC::Touch(const RECT& area) {
     m_touched.Add(area);
 }
@@ -158,12 +152,10 @@ bool CDC::Blit(int x, int y, int width, int height, CDC* source, int sx, int sy,
         image = copy;
     }
 
-    const CRect part(sx + source->m_origin.x, sy + source->m_origin.y,
-                     sx + source->m_origin.x + sourceWidth, sy + source->m_origin.y + sourceHeight);
+    const CRect part(sx, sy, sx + sourceWidth, sy + sourceHeight);
     CRect visible;
     visible.IntersectRect(part, CRect(CPoint(0, 0), ImageLayoutSize(image)));
-    const CRect target(x + m_origin.x, y + m_origin.y, x + m_origin.x + width,
-                       y + m_origin.y + height);
+    const CRect target(x, y, x + width, y + height);
     if (!visible.IsRectEmpty() && !target.IsRectEmpty()) {
         cairo_surface_t* piece = cairo_surface_create_for_rectangle(
             image, visible.left, visible.top, visible.Width(), visible.Height());

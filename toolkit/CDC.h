@@ -62,7 +62,6 @@ public:
     COLORREF GetTextColor() const { return m_textColor; }
     COLORREF SetBkColor(COLORREF color);
     int SetBkMode(int mode);
-    CPoint SetViewportOrg(int x, int y);
 
     // Copies a w × h part of the source's image at (sx, sy) to (x, y). The source image is
     // the source DC's selected bitmap, else a snapshot of its off-screen image. Draws nothing
@@ -114,7 +113,6 @@ protected:
     CSize m_size;
     int m_lineHeight = 0;
     int m_ascent = 0;
-    CPoint m_origin;
     COLORREF m_textColor = 0;
     COLORREF m_bkColor = 0xFFFFFF;
     int m_bkMode = OPAQUE;

@@ -40,7 +40,6 @@ void CDC::FillRoundRect(const RECT& rect, double radius, COLORREF color) {
     if (!cr)
         return;
     CRect box(rect);
-    box.OffsetRect(m_origin);
     cairo_save(cr);
     SetSourceColor(cr, color);
     RoundRectPath(cr, box.left, box.top, box.Width(), box.Height(), radius);
@@ -55,7 +54,6 @@ void CDC::FrameRoundRect(const RECT& rect, double radius, COLORREF color, double
     if (!cr)
         return;
     CRect box(rect);
-    box.OffsetRect(m_origin);
     const double inset = lineWidth / 2.0;
     cairo_save(cr);
     SetSourceColor(cr, color);
@@ -75,14 +73,13 @@ void CDC::DrawLine(double x1, double y1, double x2, double y2, COLORREF color, d
     SetSourceColor(cr, color);
     cairo_set_line_width(cr, lineWidth);
     cairo_set_line_cap(cr, CAIRO_LINE_CAP_ROUND);
-    cairo_move_to(cr, x1 + m_origin.x, y1 + m_origin.y);
-    cairo_line_to(cr, x2 + m_origin.x, y2 + m_origin.y);
+    cairo_move_to(cr, x1, y1);
+    cairo_line_to(cr, x2, y2);
     cairo_stroke(cr);
     cairo_restore(cr);
     const int grow = static_cast<int>(std::ceil(lineWidth)) + 1;
     CRect box(static_cast<int>(std::min(x1, x2)), static_cast<int>(std::min(y1, y2)),
               static_cast<int>(std::max(x1, x2)), static_cast<int>(std::max(y1, y2)));
-    box.OffsetRect(m_origin);
     box.InflateRect(grow, grow);
     Touch(box);
 }
@@ -95,8 +92,8 @@ void CDC::FillPolygon(const POINT* points, int count, COLORREF color) {
     SetSourceColor(cr, color);
     CRect box(points[0].x, points[0].y, points[0].x, points[0].y);
     for (int i = 0; i < count; ++i) {
-        const double px = points[i].x + m_origin.x;
-        const double py = points[i].y + m_origin.y;
+        const double px = points[i].x;
+        const double py = points[i].y;
         if (i == 0)
             cairo_move_to(cr, px, py);
         else
@@ -106,6 +103,5 @@ void CDC::FillPolygon(const POINT* points, int count, COLORREF color) {
     cairo_close_path(cr);
     cairo_fill(cr);
     cairo_restore(cr);
-    box.OffsetRect(m_origin);
     Touch(box);
 }

@@ -35,7 +35,6 @@ bool CDC::ExtTextOut(int x, int y, UINT options, const RECT* rect, const char* t
     cairo_t* cr = GetSafeContext();
     if ((options & ETO_OPAQUE) && rect && cr) {
         CRect fill(*rect);
-        fill.OffsetRect(m_origin);
         cairo_save(cr);
         SetSourceColor(cr, m_bkColor);
         cairo_rectangle(cr, fill.left, fill.top, fill.Width(), fill.Height());
@@ -54,12 +53,11 @@ bool CDC::ExtTextOut(int x, int y, UINT options, const RECT* rect, const char* t
                                           : DefaultFontFace().ascender /
                                                 DefaultFontFace().unitsPerEm * kDefaultTextSize;
     TextLayout layout(cr, face, pixelSize, text, length);
-    const double left = x + m_origin.x;
-    const double baseline = y + m_origin.y + ascent;
+    const double left = x;
+    const double baseline = y + ascent;
     cairo_save(cr);
     if ((options & ETO_CLIPPED) && rect) {
         CRect clip(*rect);
-        clip.OffsetRect(m_origin);
         cairo_rectangle(cr, clip.left, clip.top, clip.Width(), clip.Height());
         cairo_clip(cr);
     }
@@ -91,7 +89,6 @@ int CDC::DrawText(const CString& text, const RECT& rect, UINT format) {
     const FontFace& face = TextFace(&pixelSize);
     TextLayout layout(cr, face, pixelSize, text.GetString(), text.GetLength());
     CRect box(rect);
-    box.OffsetRect(m_origin);
     const CSize extent = layout.Extent();
     double left = box.left;
     if (format & DT_CENTER)

@@ -78,11 +78,7 @@ void CSpinButtonCtrl::WriteBuddy() {
 void CSpinButtonCtrl::Step(int direction) {
     const int low = std::min(m_lower, m_upper);
     const int high = std::max(m_lower, m_upper);
-    int next = m_position + (direction > 0 ? 1 : -1);
-    if (next > high)
-        next = (GetStyle() & UDS_WRAP) ? low : high;
-    else if (next < low)
-        next = (GetStyle() & UDS_WRAP) ? high : low;
+    const int next = std::clamp(m_position + (direction > 0 ? 1 : -1), low, high);
     if (next == m_position)
         return;
     m_position = next;

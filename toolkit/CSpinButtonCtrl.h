@@ -25,7 +25,7 @@ public:
     int GetPos() const { return m_position; }
     // Sets the position only.
     void SetPosForSpin(int position);
-    // What a click on an arrow does: up (+1) or down (-1), wrapping with UDS_WRAP, and the
+    // What a click on an arrow does: up (+1) or down (-1), stopping at the ends, and the
     // buddy shows the new position when the style has UDS_SETBUDDYINT.
     void Step(int direction);
 

@@ -26,7 +26,6 @@ constexpr DWORD ES_RIGHT = 0x0002;
 constexpr DWORD ES_AUTOHSCROLL = 0x0080;
 
 // Spin button styles.
-constexpr DWORD UDS_WRAP = 0x0001;
 constexpr DWORD UDS_SETBUDDYINT = 0x0002;
 constexpr DWORD UDS_ALIGNRIGHT = 0x0004;
 constexpr DWORD UDS_ALIGNLEFT = 0x0008;

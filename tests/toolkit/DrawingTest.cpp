@@ -55,14 +55,6 @@ TEST_F(DrawingTest, FreshDcSelectionReturnsTheNothingSentinel) {
     EXPECT_EQ(dc.SelectObject(static_cast<CBitmap*>(nullptr)), CDC::NoBitmap());
 }
 
-TEST_F(DrawingTest, OriginOffsetsDestinationAndSource) {
-    canvas.SetViewportOrg(5, 50);
-    carrier.SetViewportOrg(0, 80);
-    canvas.BitBlt(0, 0, 10, 10, &carrier, 0, 0, SRCCOPY);
-    EXPECT_EQ(At(5, 50), kBlue);
-    EXPECT_EQ(AlphaAt(4, 50), 0);
-}
-
 // A destination holding a selected bitmap, a part outside the image, a source without one
 // and a compatible DC, which has no context to draw into: each blit succeeds, drawing nothing.
 TEST_F(DrawingTest, BlitsThatDrawNothing) {
