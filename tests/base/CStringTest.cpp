@@ -1,3 +1,5 @@
+// The toolkit's narrow string: printf formatting, construction, comparison and the clamped
+// reads the panel's texts rely on.
 #include "base/CString.h"
 
 #include <gtest/gtest.h>

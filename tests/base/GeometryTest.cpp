@@ -1,9 +1,10 @@
+// The geometry value types: rectangles as left, top, right, bottom with the far edges outside,
+// and points packed into message parameters as the toolkit's messages carry them.
 #include "base/CPoint.h"
 #include "base/CRect.h"
 #include "base/CSize.h"
 
 #include <gtest/gtest.h>
-#include <vector>
 
 TEST(CRect, SizeAndCornersFollowLeftTopRightBottom) {
     const CRect rect(10, 20, 40, 70);
@@ -69,11 +70,4 @@ TEST(CPoint, ArithmeticWithSizes) {
     EXPECT_EQ(point - CPoint(1, 2), CSize(10, 20));
     EXPECT_EQ(point - CSize(11, 22), CPoint(0, 0));
     EXPECT_EQ(CSize(1, 2) + CSize(3, 4), CSize(4, 6));
-}
-
-TEST(WinTypes, ColourKeepsRedInTheLowByte) {
-    const COLORREF colour = RGB(0x12, 0x34, 0x56);
-    EXPECT_EQ(colour, 0x563412u);
-    EXPECT_EQ((std::vector<int>{GetRValue(colour), GetGValue(colour), GetBValue(colour)}),
-              (std::vector<int>{0x12, 0x34, 0x56}));
 }
