@@ -94,15 +94,6 @@ TEST_F(MenuTest, OpeningEnablesItemsGreyedWhenAppended) {
     EXPECT_EQ(owner.commands, std::vector<UINT>{kFirstProgram});
 }
 
-TEST_F(MenuTest, ItemWithoutCommandIdSendsNothingButCountsAsChosen) {
-    CMenu plain;
-    plain.CreatePopupMenu();
-    plain.AppendMenu(MF_STRING, 0, "no command");
-    ClickItem(Track(plain), 0);
-    EXPECT_TRUE(owner.Only(WM_COMMAND).empty());
-    EXPECT_EQ(closed, (Ends{{true, 0}}));
-}
-
 TEST_F(MenuTest, SixtyFourItemsUseColumnsOnAShortScreenAndAllCanBeChosen) {
     driver.Platform().SetScreenBounds(CRect(0, 0, 1280, 600));
     CMenu programs;
@@ -132,18 +123,6 @@ TEST_F(MenuTest, HighlightFollowsThePointerAndIsDrawn) {
     const CRect hot = list->ItemRect(1), cold = list->ItemRect(3);
     EXPECT_NE(driver.PixelAt(list, hot.right - 8, hot.CenterPoint().y),
               driver.PixelAt(list, cold.right - 8, cold.CenterPoint().y));
-}
-
-TEST(CMenuItems, EnableReportsThePreviousState) {
-    CMenu menu;
-    EXPECT_FALSE(menu.AppendMenu(MF_STRING, 1, "before creation"));
-    menu.CreatePopupMenu();
-    menu.AppendMenu(MF_STRING, 7, "seven");
-    menu.AppendMenu(MF_SEPARATOR);
-    menu.AppendMenu(MF_CHECKED, 8, "eight");
-    EXPECT_EQ(menu.EnableMenuItem(0, MF_BYPOSITION | MF_GRAYED), static_cast<int>(MF_ENABLED));
-    EXPECT_EQ(menu.EnableMenuItem(7, MF_ENABLED), static_cast<int>(MF_GRAYED));
-    EXPECT_EQ(menu.EnableMenuItem(99, MF_GRAYED), -1);
 }
 
 } // namespace

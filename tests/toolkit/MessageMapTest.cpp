@@ -13,7 +13,6 @@ namespace {
 
 constexpr UINT kCustom = WM_USER + 7;
 constexpr UINT kOtherCustom = WM_USER + 8;
-constexpr UINT kRegistered = 0xC123;
 
 // A base with handlers, a derived class overriding one of them, and a class without a map
 // of its own: the map chain is what the dispatcher walks.
@@ -54,10 +53,6 @@ public:
         calls.push_back("derived duplicate");
         return 98;
     }
-    LRESULT OnRegistered(WPARAM wParam, LPARAM) {
-        calls.push_back("registered");
-        return static_cast<LRESULT>(wParam);
-    }
     void OnSizeMessage(UINT type, int cx, int cy) {
         calls.push_back("size " + std::to_string(type) + " " + std::to_string(cx) + "x" +
                         std::to_string(cy));
@@ -83,7 +78,6 @@ public:
 BEGIN_MESSAGE_MAP(DerivedWnd, BaseWnd)
 ON_MESSAGE(kCustom, OnCustom)
 ON_MESSAGE(kCustom, OnCustomAgain)
-ON_REGISTERED_MESSAGE(kRegistered, OnRegistered)
 {WM_SIZE, 0, 0, 0, SigVoidUIntIntInt, AFX_HANDLER(void (CCmdTarget::*)(UINT, int, int), OnSizeMessage)},
 {WM_MOVE, 0, 0, 0, SigVoidIntInt, AFX_HANDLER(void (CCmdTarget::*)(int, int), OnMoveMessage)},
 ON_WM_KEYDOWN()
@@ -134,10 +128,8 @@ TEST_F(MessageMapTest, CommandsMatchIdRangeAndNotificationCode) {
                                                    "play", "list changed"}));
 }
 
-TEST_F(MessageMapTest, SignaturesUnpackTheParametersAndRegisteredMessagesMatchTheirNumber) {
+TEST_F(MessageMapTest, SignaturesUnpackTheParameters) {
     DerivedWnd wnd;
-    EXPECT_EQ(wnd.SendMessage(kRegistered, 17, 0), 17);
-    EXPECT_EQ(wnd.SendMessage(kRegistered + 1, 17, 0), -1);
     wnd.SendMessage(WM_SIZE, 2, MAKELPARAM(450, 210));
     wnd.SendMessage(WM_MOVE, 0, MAKELPARAM(-3, 7));
     wnd.SendMessage(WM_KEYDOWN, 36, MAKELPARAM(1, 0x1C));
@@ -145,7 +137,7 @@ TEST_F(MessageMapTest, SignaturesUnpackTheParametersAndRegisteredMessagesMatchTh
     wnd.SendMessage(WM_MOUSEMOVE, 0, MAKELPARAM(40000, 12));
     wnd.SendMessage(WM_KILLFOCUS, 0, 0);
     EXPECT_EQ(wnd.calls,
-              (std::vector<std::string>{"registered", "size 2 450x210", "move -3,7", "key 36 1 28",
+              (std::vector<std::string>{"size 2 450x210", "move -3,7", "key 36 1 28",
                                         "mouse 4 -5,-1", "mouse 0 -25536,12", "focus lost"}));
 }
 

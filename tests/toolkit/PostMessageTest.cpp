@@ -61,17 +61,4 @@ TEST_F(PostMessageTest, WindowWithoutViewPostsThroughTheFallbackView) {
     EXPECT_EQ(viewless.Only(kPing).size(), 1u);
 }
 
-int g_deferredArgument = 0;
-void RememberArgument(LPARAM argument) {
-    g_deferredArgument = static_cast<int>(argument);
-}
-
-TEST_F(PostMessageTest, DeferredOperationWithoutTargetRuns) {
-    g_deferredArgument = 0;
-    PostMessageNS(nullptr, WM_DEFERRED_OPERATION, reinterpret_cast<WPARAM>(&RememberArgument), 42);
-    EXPECT_EQ(g_deferredArgument, 0);
-    driver.Pump();
-    EXPECT_EQ(g_deferredArgument, 42);
-}
-
 } // namespace

@@ -1,5 +1,5 @@
 // Toolkit windows in a host's window: creation and its refusals, destruction, showing,
-// placing, the host window going first, and notifications reflected to their control.
+// placing, and the host window going first.
 #include "tests/toolkit/HostFixture.h"
 #include "tests/toolkit/RecordingWnd.h"
 #include "toolkit/MFCView0.h"
@@ -123,47 +123,6 @@ TEST_F(WindowTest, DestroyingTheHostWindowLeavesTheToolkitWindowHarmless) {
     driver.Pump();
     EXPECT_TRUE(wnd.paintedAreas.empty());
     EXPECT_TRUE(wnd.DestroyWindow());
-}
-
-// A control that takes its own selection notifications before its parent sees them.
-class ReflectingControl : public RecordingWnd {
-public:
-    int reflected = 0;
-    void OnSelectionChanged() { ++reflected; }
-    DECLARE_MESSAGE_MAP()
-};
-
-BEGIN_MESSAGE_MAP(ReflectingControl, RecordingWnd)
-ON_CONTROL_REFLECT(CBN_SELCHANGE, OnSelectionChanged)
-END_MESSAGE_MAP()
-
-class ListParent : public RecordingWnd {
-public:
-    int changed = 0;
-    int edited = 0;
-    void OnListChanged() { ++changed; }
-    void OnNameEdited() { ++edited; }
-    DECLARE_MESSAGE_MAP()
-};
-
-BEGIN_MESSAGE_MAP(ListParent, RecordingWnd)
-ON_CBN_SELCHANGE(1120, OnListChanged)
-ON_EN_CHANGE(1120, OnNameEdited)
-END_MESSAGE_MAP()
-
-TEST_F(WindowTest, ControlNotificationIsReflectedBeforeTheParentSeesIt) {
-    ListParent parent;
-    ReflectingControl list;
-    ASSERT_TRUE(parent.CreateChild(&frame, CRect(0, 0, 100, 100)));
-    ASSERT_TRUE(list.CreateChild(&parent, CRect(0, 0, 50, 20), 1120));
-    const LPARAM handle = reinterpret_cast<LPARAM>(list.GetSafeHwnd());
-
-    parent.SendMessage(WM_COMMAND, MAKEWPARAM(1120, CBN_SELCHANGE), handle);
-    EXPECT_EQ(list.reflected, 1);
-    EXPECT_EQ(parent.changed, 0);
-
-    parent.SendMessage(WM_COMMAND, MAKEWPARAM(1120, EN_CHANGE), handle);
-    EXPECT_EQ(parent.edited, 1);
 }
 
 } // namespace
