@@ -1,5 +1,5 @@
 // Mouse and keyboard input beyond a plain click (the end-to-end scenario plays those; a dialog's
-// disabled owner, dropped clicks): double click limits, drags, cursor, capture, modifiers, keys.
+// disabled owner, dropped clicks): double click limits, drags, capture, modifiers, keys.
 #include "tests/toolkit/HostFixture.h"
 #include "toolkit/CWnd.h"
 #include "toolkit/WinMessages.h"
@@ -26,13 +26,6 @@ TEST_F(InputTest, DragKeepsReportingToThePressedWindowOutsideIt) {
     driver.Release(&wnd, CPoint(-15, 250));
     EXPECT_EQ(wnd.Points(WM_MOUSEMOVE), std::vector<CPoint>{CPoint(-15, 250)});
     EXPECT_EQ(wnd.Only(WM_LBUTTONUP).size(), 1u);
-}
-
-TEST_F(InputTest, MouseMoveAsksForTheCursor) {
-    driver.Move(&wnd, CPoint(5, 5));
-    EXPECT_EQ(wnd.WParams(WM_SETCURSOR),
-              std::vector<WPARAM>{reinterpret_cast<WPARAM>(wnd.GetSafeHwnd())});
-    EXPECT_EQ(wnd.Points(WM_SETCURSOR), std::vector<CPoint>{CPoint(1, 0)}) << "a hit code of 1";
 }
 
 // Capture changes no routing; a destroyed window gives up capture and focus.
