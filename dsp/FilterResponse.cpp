@@ -23,10 +23,6 @@ FrequencyResponse ToResponse(std::complex<double> h) {
 
 } // namespace
 
-FrequencyResponse BiquadResponse(const CBiquadFilter& filter, double frequency, double sampleRate) {
-    return ToResponse(Transfer(filter.GetCoefficients(), frequency, sampleRate));
-}
-
 FrequencyResponse ChainResponse(const EqualizerChain& chain, double frequency) {
     if (!chain.processes) {
         return {0.0, 0.0};

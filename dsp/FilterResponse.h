@@ -10,9 +10,6 @@ struct FrequencyResponse {
     double phase;       // arg H in radians, within [-pi, pi]
 };
 
-// One designed section at frequency (Hz) for a stream at sampleRate (Hz).
-FrequencyResponse BiquadResponse(const CBiquadFilter& filter, double frequency, double sampleRate);
-
 // One channel of the engine as it stands: input gain, each active band, output gain. When
 // the chain does not process (both bands off, no format) the caller's signal passes
 // unchanged, so the response is flat at 0 dB.

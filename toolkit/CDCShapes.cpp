@@ -1,14 +1,10 @@
 #include "toolkit/CDC.h"
+#include "toolkit/CairoColour.h"
 
 #include <algorithm>
 #include <cmath>
 
 namespace {
-
-void SetSourceColor(cairo_t* cr, COLORREF color) {
-    cairo_set_source_rgb(cr, GetRValue(color) / 255.0, GetGValue(color) / 255.0,
-                         GetBValue(color) / 255.0);
-}
 
 // A rectangle whose corners are quarter circles; a radius of 0 or less gives the plain
 // rectangle.
@@ -41,7 +37,7 @@ void CDC::FillRoundRect(const RECT& rect, double radius, COLORREF color) {
         return;
     CRect box(rect);
     cairo_save(cr);
-    SetSourceColor(cr, color);
+    SetCairoSourceColour(cr, color);
     RoundRectPath(cr, box.left, box.top, box.Width(), box.Height(), radius);
     cairo_fill(cr);
     cairo_restore(cr);
@@ -56,7 +52,7 @@ void CDC::FrameRoundRect(const RECT& rect, double radius, COLORREF color, double
     CRect box(rect);
     const double inset = lineWidth / 2.0;
     cairo_save(cr);
-    SetSourceColor(cr, color);
+    SetCairoSourceColour(cr, color);
     cairo_set_line_width(cr, lineWidth);
     RoundRectPath(cr, box.left + inset, box.top + inset, box.Width() - lineWidth,
                   box.Height() - lineWidth, radius);
@@ -70,7 +66,7 @@ void CDC::DrawLine(double x1, double y1, double x2, double y2, COLORREF color, d
     if (!cr)
         return;
     cairo_save(cr);
-    SetSourceColor(cr, color);
+    SetCairoSourceColour(cr, color);
     cairo_set_line_width(cr, lineWidth);
     cairo_set_line_cap(cr, CAIRO_LINE_CAP_ROUND);
     cairo_move_to(cr, x1, y1);
@@ -89,7 +85,7 @@ void CDC::FillPolygon(const POINT* points, int count, COLORREF color) {
     if (!cr || !points || count < 3)
         return;
     cairo_save(cr);
-    SetSourceColor(cr, color);
+    SetCairoSourceColour(cr, color);
     CRect box(points[0].x, points[0].y, points[0].x, points[0].y);
     for (int i = 0; i < count; ++i) {
         const double px = points[i].x;

@@ -1,4 +1,5 @@
 #include "toolkit/CDC.h"
+#include "toolkit/CairoColour.h"
 #include "toolkit/FontCatalog.h"
 #include "toolkit/TextLayout.h"
 
@@ -8,11 +9,6 @@ namespace {
 
 // Text without a selected font is set in the default face at 12 pixels.
 constexpr int kDefaultTextSize = 12;
-
-void SetSourceColor(cairo_t* cr, COLORREF color) {
-    cairo_set_source_rgba(cr, GetRValue(color) / 255.0, GetGValue(color) / 255.0,
-                          GetBValue(color) / 255.0, 1.0);
-}
 
 } // namespace
 
@@ -36,7 +32,7 @@ bool CDC::ExtTextOut(int x, int y, UINT options, const RECT* rect, const char* t
     if ((options & ETO_OPAQUE) && rect && cr) {
         CRect fill(*rect);
         cairo_save(cr);
-        SetSourceColor(cr, m_bkColor);
+        SetCairoSourceColour(cr, m_bkColor);
         cairo_rectangle(cr, fill.left, fill.top, fill.Width(), fill.Height());
         cairo_fill(cr);
         cairo_restore(cr);
@@ -61,7 +57,7 @@ bool CDC::ExtTextOut(int x, int y, UINT options, const RECT* rect, const char* t
         cairo_rectangle(cr, clip.left, clip.top, clip.Width(), clip.Height());
         cairo_clip(cr);
     }
-    SetSourceColor(cr, m_textColor);
+    SetCairoSourceColour(cr, m_textColor);
     layout.Draw(cr, left, baseline);
     cairo_restore(cr);
     const CSize extent = layout.Extent();
@@ -101,7 +97,7 @@ int CDC::DrawText(const CString& text, const RECT& rect, UINT format) {
     cairo_save(cr);
     cairo_rectangle(cr, box.left, box.top, box.Width(), box.Height());
     cairo_clip(cr);
-    SetSourceColor(cr, m_textColor);
+    SetCairoSourceColour(cr, m_textColor);
     layout.Draw(cr, static_cast<int>(left), static_cast<int>(top) + layout.Baseline());
     cairo_restore(cr);
     Touch(box);

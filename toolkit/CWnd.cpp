@@ -415,14 +415,6 @@ void CWnd::ClientToScreen(POINT* point) const {
     }
 }
 
-void CWnd::ClientToScreen(RECT* rect) const {
-    if (!rect)
-        return;
-    CPoint topLeft(rect->left, rect->top);
-    ClientToScreen(&topLeft);
-    static_cast<CRect*>(rect)->OffsetRect(topLeft.x - rect->left, topLeft.y - rect->top);
-}
-
 void CWnd::ScreenToClient(POINT* point) const {
     if (point && m_pView) {
         const CPoint origin = m_pView->ScreenOrigin();

@@ -112,7 +112,6 @@ public:
     virtual void GetWindowRect(RECT* rect) const;
     void GetClientRect(RECT* rect) const;
     void ClientToScreen(POINT* point) const;
-    void ClientToScreen(RECT* rect) const;
     void ScreenToClient(POINT* point) const;
     // Takes the size of the native view as the window's own (a wrapped host view).
     void SetBounds();

@@ -1,6 +1,7 @@
 #include "toolkit/MFCView0.h"
 
 #include "toolkit/CWnd.h"
+#include "toolkit/CairoColour.h"
 #include "toolkit/DisplayScale.h"
 #include "toolkit/KeyboardRouting.h"
 #include "toolkit/MFCWindow.h"
@@ -202,8 +203,7 @@ void MFCView0::EnsurePixels() {
     cairo_surface_set_device_scale(pixels, m_scale, m_scale);
     cairo_t* cr = cairo_create(pixels);
     const COLORREF background = m_pWnd ? m_pWnd->GetBackgroundColor() : 0xFFFFFF;
-    cairo_set_source_rgb(cr, GetRValue(background) / 255.0, GetGValue(background) / 255.0,
-                         GetBValue(background) / 255.0);
+    SetCairoSourceColour(cr, background);
     cairo_paint(cr);
     if (m_pixels) {
         cairo_set_source_surface(cr, m_pixels, 0, 0);

@@ -140,11 +140,6 @@ void JsonWriter::value(double number) {
     std::fprintf(out, "%.9g", number);
 }
 
-void JsonWriter::value(bool flag) {
-    beforeValue();
-    std::fputs(flag ? "true" : "false", out);
-}
-
 void JsonWriter::null() {
     beforeValue();
     std::fputs("null", out);

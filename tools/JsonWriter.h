@@ -21,7 +21,6 @@ public:
     void value(long number);
     void value(int number) { value(static_cast<long>(number)); }
     void value(double number);
-    void value(bool flag);
     void null();
     // A member of the enclosing object: its name and a scalar, or an array of texts.
     template <typename T> void member(const std::string& name, const T& scalar) {
