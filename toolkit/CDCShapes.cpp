@@ -35,7 +35,7 @@ void CDC::FillRoundRect(const RECT& rect, double radius, COLORREF color) {
     cairo_t* cr = GetSafeContext();
     if (!cr)
         return;
-    CRect box(rect);
+    const CRect box(rect);
     cairo_save(cr);
     SetCairoSourceColour(cr, color);
     RoundRectPath(cr, box.left, box.top, box.Width(), box.Height(), radius);
@@ -49,7 +49,7 @@ void CDC::FrameRoundRect(const RECT& rect, double radius, COLORREF color, double
     cairo_t* cr = GetSafeContext();
     if (!cr)
         return;
-    CRect box(rect);
+    const CRect box(rect);
     const double inset = lineWidth / 2.0;
     cairo_save(cr);
     SetCairoSourceColour(cr, color);
@@ -88,12 +88,10 @@ void CDC::FillPolygon(const POINT* points, int count, COLORREF color) {
     SetCairoSourceColour(cr, color);
     CRect box(points[0].x, points[0].y, points[0].x, points[0].y);
     for (int i = 0; i < count; ++i) {
-        const double px = points[i].x;
-        const double py = points[i].y;
         if (i == 0)
-            cairo_move_to(cr, px, py);
+            cairo_move_to(cr, points[i].x, points[i].y);
         else
-            cairo_line_to(cr, px, py);
+            cairo_line_to(cr, points[i].x, points[i].y);
         box.UnionRect(box, CRect(points[i].x, points[i].y, points[i].x + 1, points[i].y + 1));
     }
     cairo_close_path(cr);

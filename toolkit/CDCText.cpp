@@ -30,7 +30,7 @@ bool CDC::ExtTextOut(int x, int y, UINT options, const RECT* rect, const char* t
                      const int*) {
     cairo_t* cr = GetSafeContext();
     if ((options & ETO_OPAQUE) && rect && cr) {
-        CRect fill(*rect);
+        const CRect fill(*rect);
         cairo_save(cr);
         SetCairoSourceColour(cr, m_bkColor);
         cairo_rectangle(cr, fill.left, fill.top, fill.Width(), fill.Height());
@@ -49,21 +49,19 @@ bool CDC::ExtTextOut(int x, int y, UINT options, const RECT* rect, const char* t
                                           : DefaultFontFace().ascender /
                                                 DefaultFontFace().unitsPerEm * kDefaultTextSize;
     TextLayout layout(cr, face, pixelSize, text, length);
-    const double left = x;
     const double baseline = y + ascent;
     cairo_save(cr);
     if ((options & ETO_CLIPPED) && rect) {
-        CRect clip(*rect);
+        const CRect clip(*rect);
         cairo_rectangle(cr, clip.left, clip.top, clip.Width(), clip.Height());
         cairo_clip(cr);
     }
     SetCairoSourceColour(cr, m_textColor);
-    layout.Draw(cr, left, baseline);
+    layout.Draw(cr, x, baseline);
     cairo_restore(cr);
     const CSize extent = layout.Extent();
     const int top = static_cast<int>(baseline - layout.Baseline());
-    Touch(CRect(static_cast<int>(left), top, static_cast<int>(left) + extent.cx + 1,
-                top + extent.cy + 1));
+    Touch(CRect(x, top, x + extent.cx + 1, top + extent.cy + 1));
     return true;
 }
 
@@ -84,7 +82,7 @@ int CDC::DrawText(const CString& text, const RECT& rect, UINT format) {
     int pixelSize = 0;
     const FontFace& face = TextFace(&pixelSize);
     TextLayout layout(cr, face, pixelSize, text.GetString(), text.GetLength());
-    CRect box(rect);
+    const CRect box(rect);
     const CSize extent = layout.Extent();
     double left = box.left;
     if (format & DT_CENTER)

@@ -62,12 +62,23 @@ cairo_surface_t* HeadlessPicture() {
     return picture;
 }
 
-// The read-out well holding a device pixel at the scale, or -1.
-int ReadoutAt(int x, int y, double scale) {
-    for (std::size_t well = 0; well < layout::kReadouts.size(); ++well) {
+using Wells = std::array<CRect, layout::kReadouts.size()>;
+
+// The read-out wells in device pixels at the scale.
+Wells ReadoutsOnDevice(double scale) {
+    Wells wells;
+    for (std::size_t well = 0; well < wells.size(); ++well) {
         const PixelRect& rect = layout::kReadouts[well];
-        if (x >= ToDevice(rect.left, scale) && x < ToDevice(rect.right, scale) &&
-            y >= ToDevice(rect.top, scale) && y < ToDevice(rect.bottom, scale))
+        wells[well] = CRect(ToDevice(rect.left, scale), ToDevice(rect.top, scale),
+                            ToDevice(rect.right, scale), ToDevice(rect.bottom, scale));
+    }
+    return wells;
+}
+
+// The well holding a device pixel, or -1.
+int WellAt(const Wells& wells, int x, int y) {
+    for (std::size_t well = 0; well < wells.size(); ++well) {
+        if (wells[well].PtInRect(CPoint(x, y)))
             return static_cast<int>(well);
     }
     return -1;
@@ -115,12 +126,13 @@ void ExpectTheScreenToShowThePanel(const char* scale) {
     // FreeType: the same strings in the same places, other edge pixels and stroke widths
     // (half to one and a half times the dark pixels, measured). So there each well must hold
     // ink of the same order as the panel's; every other pixel is the panel's exactly.
+    const Wells wells = ReadoutsOnDevice(factor);
     std::array<int, layout::kReadouts.size()> screenInk{}, panelInk{};
     int differences = 0;
     for (int y = 0; y < height; ++y) {
         for (int x = 0; x < width; ++x) {
             const std::uint32_t shown = PixelOf(screen, x, y), painted = PixelOf(panel, x, y);
-            const int well = ReadoutAt(x, y, factor);
+            const int well = WellAt(wells, x, y);
             if (well >= 0) {
                 screenInk[well] += IsInk(shown);
                 panelInk[well] += IsInk(painted);
